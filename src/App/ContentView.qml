@@ -1,0 +1,63 @@
+import QtQuick
+import Corvane.Theme
+import Corvane.Views
+
+// The window: the routers on the left, the open one on the right.
+FocusScope {
+    id: root
+
+    required property ContentViewModel model
+
+    focus: true
+
+    RouterSidebar {
+        id: sidebar
+
+        width: divider.position
+        height: parent.height
+        routers: root.model.routers
+    }
+    FocusScope {
+        id: detail
+
+        anchors.left: sidebar.right
+        anchors.right: parent.right
+        height: parent.height
+        focus: true
+
+        // A screen of its own for each router that is opened.
+        Repeater {
+            model: root.model.workspaces
+
+            CorvaneView {
+                required property CorvaneViewModel modelData
+
+                anchors.fill: parent
+                focus: true
+                model: modelData
+            }
+        }
+        Loader {
+            anchors.fill: parent
+            active: root.model.workspaces.length === 0
+            sourceComponent: Rectangle {
+                color: GlassKit.window
+
+                EmptyState {
+                    anchors.fill: parent
+                    symbol: "point.3.connected.trianglepath.dotted"
+                    title: qsTr("Select a Router")
+                    description: qsTr("Choose a router from the sidebar, or add a new one.")
+                }
+            }
+        }
+    }
+    SplitDivider {
+        id: divider
+
+        height: parent.height
+        minimum: 240
+        maximum: 360
+        position: 280
+    }
+}

@@ -1,0 +1,72 @@
+#include "App/MainWindow.h"
+
+#include <QQmlEngine>
+#include <QQmlExtensionPlugin>
+
+#include <chrono>
+
+Q_IMPORT_QML_PLUGIN(Corvane_AppPlugin)
+Q_IMPORT_QML_PLUGIN(Corvane_ThemePlugin)
+Q_IMPORT_QML_PLUGIN(Corvane_ViewsPlugin)
+
+namespace corvane {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr QSize defaultSize{1180, 760};
+constexpr QSize smallestSize{860, 560};
+
+} // namespace
+
+MainWindow::MainWindow(SerialQueue& mainQueue, ConnectionStore& store)
+    : m_model({.mainQueue = mainQueue, .theme = m_theme, .zoom = m_zoom}, store)
+{
+    m_defaults.keep(m_zoom);
+    setMinimumSize(smallestSize);
+    resize(defaultSize);
+    connect(
+        &m_model, &ContentViewModel::windowTitleChanged, this, [this] { setTitle(m_model.windowTitle()); });
+    setTitle(m_model.windowTitle());
+    connect(&m_theme, &GlassKit::paletteChanged, this, [this] { setColor(m_theme.window()); });
+    setColor(m_theme.window());
+    startOnceUp(mainQueue);
+    showContent();
+}
+
+MainWindow::~MainWindow()
+{
+    // The screens look at the model, which is gone before the view's own end.
+    setSource({});
+}
+
+void MainWindow::comeForward()
+{
+    if (windowStates().testFlag(Qt::WindowMinimized))
+        showNormal();
+    raise();
+    requestActivate();
+}
+
+void MainWindow::showContent()
+{
+    m_theme.serve(*engine());
+    setResizeMode(SizeRootObjectToView);
+    engine()->addImportPath(QStringLiteral("qrc:/qt/qml"));
+    setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&m_model)}});
+    setSource(QUrl(QStringLiteral("qrc:/qt/qml/Corvane/App/ContentView.qml")));
+}
+
+void MainWindow::startOnceUp(SerialQueue& mainQueue)
+{
+    const auto start = [this] { m_model.windowIsUp(); };
+    connect(this, &QQuickWindow::frameSwapped, this, start, Qt::SingleShotConnection);
+    // A window that comes up minimized draws no frame, and the routers are wanted all the same.
+    mainQueue.after(1s, [this, guard = QPointer(this)] {
+        if (guard)
+            m_model.windowIsUp();
+    });
+}
+
+} // namespace corvane

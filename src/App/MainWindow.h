@@ -1,0 +1,34 @@
+#pragma once
+
+#include "Controllers/ConnectionStore.h"
+#include "Views/ContentViewModel.h"
+#include "Views/UserDefaults.h"
+
+#include <QQuickView>
+
+#include <memory>
+
+namespace corvane {
+
+/// The main window, with the engine that runs its screens.
+class MainWindow : public QQuickView {
+    Q_OBJECT
+
+public:
+    /// Both must outlive the window.
+    MainWindow(SerialQueue& mainQueue, ConnectionStore& store);
+    ~MainWindow() override;
+
+    void comeForward();
+
+private:
+    void showContent();
+    void startOnceUp(SerialQueue& mainQueue);
+
+    UserDefaults m_defaults;
+    MatrixZoom m_zoom;
+    GlassKit m_theme;
+    ContentViewModel m_model;
+};
+
+} // namespace corvane

@@ -1,0 +1,290 @@
+#include "Drivers/VideohubParser.h"
+
+#include "Foundation/Text.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace corvane {
+
+namespace {
+
+constexpr char unlocked = 'U';
+
+enum class BlockKind {
+    acknowledged,
+    refused,
+    device,
+    inputLabels,
+    outputLabels,
+    routing,
+    locks,
+    endOfPrelude,
+    other,
+};
+
+// Whatever is not listed is of no use here. That holds for "VIDEOHUB OUTPUT ROUTING:" too, the routing block
+// of old firmware: routes are taken from the newer one alone.
+constexpr std::array<std::pair<std::string_view, BlockKind>, 8> blockKinds{{
+    {"VIDEO OUTPUT ROUTING:", BlockKind::routing},
+    {"VIDEO OUTPUT LOCKS:", BlockKind::locks},
+    {"OUTPUT LABELS:", BlockKind::outputLabels},
+    {"INPUT LABELS:", BlockKind::inputLabels},
+    {"ACK", BlockKind::acknowledged},
+    {"NAK", BlockKind::refused},
+    {"VIDEOHUB DEVICE:", BlockKind::device},
+    {"END PRELUDE:", BlockKind::endOfPrelude},
+}};
+
+BlockKind blockKind(std::string_view header)
+{
+    const auto name = text::trimBlanks(header);
+    const auto* const found = std::ranges::find_if(
+        blockKinds, [&](const auto& known) { return text::equalsIgnoringAsciiCase(known.first, name); });
+    return found == blockKinds.end() ? BlockKind::other : found->second;
+}
+
+/// Takes the first line off `text`, without its line feed.
+std::string_view takeLine(std::string_view& text)
+{
+    const auto line = text.substr(0, text.find('\n'));
+    text.remove_prefix(std::min(line.size() + 1, text.size()));
+    return line;
+}
+
+/// Cuts at the first `separator`, leading ones left out. What follows it keeps every further one.
+std::pair<std::string_view, std::string_view> cut(std::string_view line, char separator)
+{
+    line.remove_prefix(std::min(line.find_first_not_of(separator), line.size()));
+    // The first piece is a few letters: a plain loop is through with it before a call to memchr has begun.
+    const auto first =
+        line.substr(0, static_cast<std::size_t>(std::ranges::find(line, separator) - line.begin()));
+    return {first, line.substr(std::min(first.size() + 1, line.size()))};
+}
+
+struct PortLine {
+    qint64 index = 0;
+    /// Empty when the line holds the number alone.
+    std::string_view value;
+};
+
+std::optional<PortLine> portLine(std::string_view line)
+{
+    const auto [number, value] = cut(line, ' ');
+    const auto index = text::decimalInteger(number);
+    return index ? std::optional(PortLine{*index, value}) : std::nullopt;
+}
+
+qint64 believableCount(std::string_view value)
+{
+    const auto count = text::decimalInteger(value).value_or(0);
+    return count >= 0 && count <= VideohubParser::maximumPortCount ? count : 0;
+}
+
+template <typename Handle>
+void forEachLine(std::string_view body, Handle handle)
+{
+    while (!body.empty())
+        handle(takeLine(body));
+}
+
+qint64 lineCount(std::string_view body)
+{
+    return std::ranges::count(body, '\n') + 1;
+}
+
+QList<Port> ports(PortKind kind, qint64 count, PortTable<QString> labels, const QString& defaultLabel)
+{
+    QList<Port> ports;
+    ports.reserve(count);
+    for (qint64 index = 0; index < count; ++index) {
+        auto* const label = labels.find(index);
+        ports.append({index, kind, label ? std::move(*label) : defaultLabel.arg(index + 1)});
+    }
+    return ports;
+}
+
+} // namespace
+
+VideohubParser::VideohubParser(QString deviceName, SerialQueue& queue, RouterEventStream events)
+    : m_deviceName(std::move(deviceName)),
+      m_queue(queue),
+      m_events(std::move(events)),
+      m_prelude(std::in_place),
+      m_finalizeTimer(queue, preludeQuiet, [this] {
+          finalizePrelude();
+          flush();
+      })
+{
+}
+
+void VideohubParser::requestResync() const
+{
+    if (m_onResyncNeeded)
+        m_onResyncNeeded();
+}
+
+void VideohubParser::ingest(std::string_view bytes)
+{
+    m_reader.feed(bytes, [this](std::string_view block) { handle(block); });
+    flush();
+}
+
+std::optional<QByteArray> VideohubParser::resyncQuery()
+{
+    const auto now = m_queue.now();
+    if (m_lastResync && now - *m_lastResync < resyncInterval)
+        return std::nullopt;
+    m_lastResync = now;
+    QByteArray query("VIDEO OUTPUT ROUTING:\n\n");
+    if (m_locksSeen)
+        query += "VIDEO OUTPUT LOCKS:\n\n";
+    return query;
+}
+
+char VideohubParser::lockLetter(qint64 destination) const
+{
+    const auto* const letter = m_locks.find(destination);
+    return letter ? *letter : unlocked;
+}
+
+void VideohubParser::handle(std::string_view block)
+{
+    block.remove_prefix(std::min(block.find_first_not_of('\n'), block.size()));
+    if (block.empty())
+        return;
+    const auto header = takeLine(block);
+    switch (blockKind(header)) {
+    case BlockKind::acknowledged:
+        return;
+    case BlockKind::refused:
+        handleRefusal();
+        return;
+    case BlockKind::endOfPrelude:
+        finalizePrelude();
+        return;
+    case BlockKind::device:
+        forEachLine(block, [this](auto line) { handleDevice(line); });
+        break;
+    case BlockKind::inputLabels:
+        forEachLine(block, [this](auto line) { handleLabel(PortKind::source, line); });
+        break;
+    case BlockKind::outputLabels:
+        forEachLine(block, [this](auto line) { handleLabel(PortKind::destination, line); });
+        break;
+    case BlockKind::routing:
+        if (m_prelude)
+            m_prelude->routing.reserve(std::min(lineCount(block), m_prelude->outputCount));
+        forEachLine(block, [this](auto line) { handleRoute(line); });
+        break;
+    case BlockKind::locks:
+        m_locksSeen = true;
+        forEachLine(block, [this](auto line) { handleLock(line); });
+        break;
+    case BlockKind::other:
+        break;
+    }
+    if (m_prelude)
+        m_finalizeTimer.restart();
+}
+
+void VideohubParser::handleRefusal()
+{
+    m_batch.emplace_back(driverEvent::CommandRefused{QStringLiteral("The router refused the last command.")});
+    flush();
+    requestResync();
+}
+
+void VideohubParser::handleDevice(std::string_view line)
+{
+    const auto [rawKey, rawValue] = cut(line, ':');
+    if (!m_prelude || rawValue.empty())
+        return;
+    const auto key = text::trimBlanks(rawKey);
+    const auto value = text::trimBlanks(rawValue);
+    const auto isKey = [&](std::string_view name) { return text::equalsIgnoringAsciiCase(key, name); };
+    if (isKey("model name"))
+        m_prelude->model = text::fromDevice(value);
+    else if (isKey("friendly name"))
+        m_prelude->friendlyName = text::fromDevice(value);
+    else if (isKey("video inputs"))
+        m_prelude->inputCount = believableCount(value);
+    else if (isKey("video outputs"))
+        m_prelude->outputCount = believableCount(value);
+}
+
+void VideohubParser::handleLabel(PortKind kind, std::string_view line)
+{
+    const auto port = portLine(line);
+    if (!port)
+        return;
+    auto label = text::fromDevice(port->value);
+    if (!m_prelude)
+        m_batch.emplace_back(driverEvent::LabelChanged{kind, port->index, std::move(label)});
+    else if (kind == PortKind::source)
+        m_prelude->inputLabels.set(port->index, std::move(label));
+    else
+        m_prelude->outputLabels.set(port->index, std::move(label));
+}
+
+void VideohubParser::handleRoute(std::string_view line)
+{
+    const auto port = portLine(line);
+    if (!port)
+        return;
+    const auto source = text::decimalInteger(port->value);
+    if (!source)
+        return;
+    if (m_prelude)
+        m_prelude->routing.insert(port->index, *source);
+    else
+        m_batch.emplace_back(driverEvent::RouteChanged{0, port->index, source});
+}
+
+void VideohubParser::handleLock(std::string_view line)
+{
+    const auto port = portLine(line);
+    if (!port)
+        return;
+    const auto letter = port->value.empty() ? unlocked : port->value.front();
+    m_locks.set(port->index, letter);
+    if (!m_prelude)
+        m_batch.emplace_back(driverEvent::LockChanged{port->index, letter != unlocked});
+}
+
+void VideohubParser::finalizePrelude()
+{
+    if (!m_prelude || !m_prelude->isComplete())
+        return;
+    m_finalizeTimer.cancel();
+    auto state = completeState(std::move(*m_prelude));
+    m_prelude.reset();
+    m_batch.emplace_back(driverEvent::Connected{std::move(state)});
+}
+
+void VideohubParser::flush()
+{
+    m_events.yield(std::move(m_batch));
+}
+
+RouterState VideohubParser::completeState(VideohubPrelude prelude) const
+{
+    RouterState state;
+    state.deviceName = prelude.friendlyName.isEmpty() ? m_deviceName : prelude.friendlyName;
+    state.model = prelude.model.isEmpty() ? QStringLiteral("Blackmagic Videohub") : prelude.model;
+    state.vendor = RouterVendor::blackmagicVideohub;
+    state.sources =
+        ports(PortKind::source, prelude.inputCount, std::move(prelude.inputLabels), QStringLiteral("In %1"));
+    state.destinations = ports(PortKind::destination, prelude.outputCount, std::move(prelude.outputLabels),
+        QStringLiteral("Out %1"));
+    state.levels = {{0, QStringLiteral("Video"), LevelKind::video}};
+    state.routing.insert(0, prelude.routing);
+    m_locks.forEach([&](qint64 destination, char letter) {
+        if (letter != unlocked)
+            state.lockedDestinations.insert(destination);
+    });
+    return state;
+}
+
+} // namespace corvane

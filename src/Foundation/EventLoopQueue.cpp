@@ -1,0 +1,238 @@
+#include "Foundation/EventLoopQueue.h"
+
+#include <QBasicTimer>
+#include <QCoreApplication>
+#include <QEvent>
+#include <QObject>
+#include <QThread>
+#include <QTimerEvent>
+
+#include <algorithm>
+#include <condition_variable>
+#include <deque>
+#include <map>
+#include <mutex>
+#include <set>
+#include <utility>
+
+namespace corvane {
+
+/// Lives on the queue's thread; only its public functions are called from others.
+class EventLoopQueue::Turn final : public QObject {
+public:
+    explicit Turn(QThread& thread) { moveToThread(&thread); }
+
+    void add(Function function)
+    {
+        std::unique_ptr<QEvent> wake;
+        {
+            const std::lock_guard lock(m_mutex);
+            m_ready.push_back(std::move(function));
+            wake = wakeEventLocked();
+        }
+        post(std::move(wake));
+    }
+
+    void addAt(Instant deadline, WorkItem item)
+    {
+        std::unique_ptr<QEvent> wake;
+        {
+            const std::lock_guard lock(m_mutex);
+            const auto position = m_waiting.emplace(deadline, std::move(item));
+            if (position == m_waiting.begin())
+                wake = wakeEventLocked();
+        }
+        post(std::move(wake));
+    }
+
+    /// A timer must be stopped on the thread that it runs on.
+    void stopTimer() { m_timer.stop(); }
+
+protected:
+    void customEvent(QEvent*) override { run(); }
+    void timerEvent(QTimerEvent*) override { run(); }
+
+private:
+    /// Made under our mutex, which the receiver takes first of all: so even the event itself is handed over
+    /// in a way that a thread checker can follow.
+    std::unique_ptr<QEvent> wakeEventLocked()
+    {
+        return std::exchange(m_wakePosted, true) ? nullptr : std::make_unique<QEvent>(QEvent::User);
+    }
+
+    void post(std::unique_ptr<QEvent> wake)
+    {
+        if (wake)
+            QCoreApplication::postEvent(this, wake.release());
+    }
+
+    void run()
+    {
+        std::deque<Function> ready;
+        std::deque<WorkItem> due;
+        {
+            const std::lock_guard lock(m_mutex);
+            m_wakePosted = false;
+            std::swap(ready, m_ready);
+            const auto end = m_waiting.upper_bound(std::chrono::steady_clock::now());
+            for (auto item = m_waiting.begin(); item != end; ++item)
+                due.push_back(std::move(item->second));
+            m_waiting.erase(m_waiting.begin(), end);
+        }
+        for (auto& function : ready)
+            function();
+        for (auto& item : due)
+            item.perform();
+        armTimer();
+    }
+
+    void armTimer()
+    {
+        const std::lock_guard lock(m_mutex);
+        if (m_waiting.empty()) {
+            m_timer.stop();
+            return;
+        }
+        const Duration left = m_waiting.begin()->first - std::chrono::steady_clock::now();
+        const auto wait =
+            std::chrono::ceil<std::chrono::milliseconds>(std::clamp(left, Duration::zero(), longestWait));
+        m_timer.start(static_cast<int>(wait.count()), Qt::PreciseTimer, this);
+    }
+
+    // Qt counts a timer's milliseconds in an int; a longer wait is simply looked at again in between.
+    static constexpr Duration longestWait = std::chrono::hours(1);
+
+    std::mutex m_mutex;
+    std::deque<Function> m_ready;
+    std::multimap<Instant, WorkItem> m_waiting;
+    bool m_wakePosted = false;
+    QBasicTimer m_timer;
+};
+
+EventLoopQueue::EventLoopQueue(QThread& thread) : m_turn(std::make_unique<Turn>(thread)) { }
+
+EventLoopQueue::~EventLoopQueue() = default;
+
+void EventLoopQueue::async(Function function)
+{
+    m_turn->add(std::move(function));
+}
+
+WorkItem EventLoopQueue::after(Duration delay, Function function)
+{
+    WorkItem item(std::move(function));
+    m_turn->addAt(now() + delay, item);
+    return item;
+}
+
+Instant EventLoopQueue::now() const
+{
+    return std::chrono::steady_clock::now();
+}
+
+bool EventLoopQueue::isCurrent() const
+{
+    return QThread::currentThread() == m_turn->thread();
+}
+
+void EventLoopQueue::stopTimers()
+{
+    m_turn->stopTimer();
+}
+
+MainQueue::MainQueue() : EventLoopQueue(*QThread::currentThread()) { }
+
+/// A thread with an event loop whose end is handed over under a mutex of our own, as everything else is.
+class ThreadQueue::LoopThread final : public QThread {
+public:
+    void end()
+    {
+        quit();
+        std::unique_lock lock(m_mutex);
+        m_ended.wait(lock, [this] { return m_hasEnded; });
+        lock.unlock();
+        wait();
+    }
+
+protected:
+    void run() override
+    {
+        exec();
+        const std::lock_guard lock(m_mutex);
+        m_hasEnded = true;
+        m_ended.notify_one();
+    }
+
+private:
+    std::mutex m_mutex;
+    std::condition_variable m_ended;
+    bool m_hasEnded = false;
+};
+
+/// The queues whose threads run.
+class ThreadQueue::Living {
+public:
+    static void add(ThreadQueue* queue)
+    {
+        auto& living = instance();
+        const std::lock_guard lock(living.m_mutex);
+        // Qt forgets its post routines once it has called them.
+        if (living.m_queues.empty())
+            qAddPostRoutine(&Living::endAll);
+        living.m_queues.insert(queue);
+    }
+
+    /// False for a queue that has been taken before.
+    static bool take(ThreadQueue* queue)
+    {
+        auto& living = instance();
+        const std::lock_guard lock(living.m_mutex);
+        return living.m_queues.erase(queue) > 0;
+    }
+
+private:
+    static Living& instance()
+    {
+        static Living living;
+        return living;
+    }
+
+    static void endAll()
+    {
+        auto& living = instance();
+        const auto queues = [&living] {
+            const std::lock_guard lock(living.m_mutex);
+            return living.m_queues;
+        }();
+        for (auto* const queue : queues)
+            queue->end();
+    }
+
+    std::mutex m_mutex;
+    std::set<ThreadQueue*> m_queues;
+};
+
+ThreadQueue::ThreadQueue(const QString& label) : ThreadQueue(std::make_unique<LoopThread>(), label) { }
+
+ThreadQueue::ThreadQueue(std::unique_ptr<LoopThread> thread, const QString& label)
+    : EventLoopQueue(*thread), m_thread(std::move(thread))
+{
+    m_thread->setObjectName(label);
+    m_thread->start();
+    Living::add(this);
+}
+
+ThreadQueue::~ThreadQueue()
+{
+    end();
+}
+
+void ThreadQueue::end()
+{
+    if (!Living::take(this))
+        return;
+    sync([this] { stopTimers(); });
+    m_thread->end();
+}
+
+} // namespace corvane

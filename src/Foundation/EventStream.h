@@ -1,0 +1,156 @@
+#pragma once
+
+#include "Foundation/SerialQueue.h"
+
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <stop_token>
+#include <utility>
+#include <vector>
+
+namespace corvane {
+
+/// An ordered stream with an unbounded buffer, many producers and one consumer.
+///
+/// Producing never blocks. What is produced before the consumer starts is kept for it. The consumer hops to
+/// its queue once for all that has piled up, not once an event, and works in slices of a few milliseconds, so
+/// that a burst of a million events neither costs a million hops nor holds the queue's thread.
+///
+/// Copies are the same stream. Usable from any thread.
+template <typename Event>
+class EventStream {
+public:
+    /// How long the consumer holds its queue before it lets others have a turn.
+    static constexpr Duration slice = std::chrono::milliseconds(3);
+
+    EventStream() : m_state(std::make_shared<State>()) { }
+
+    /// Appends one event; does nothing once the stream is finished.
+    void yield(Event event) const
+    {
+        append([&](auto& pending) { pending.push_back(std::move(event)); });
+    }
+
+    /// Appends all of `events` in order under one lock, and leaves `events` empty. While the consumer keeps
+    /// up, what the producer gets back has room for as many again: a steady stream allocates nothing and
+    /// moves no event.
+    void yield(std::vector<Event>&& events) const
+    {
+        if (events.empty())
+            return;
+        append([&](auto& pending) {
+            if (pending.empty())
+                std::swap(pending, events);
+            else
+                pending.insert(pending.end(), std::make_move_iterator(events.begin()),
+                    std::make_move_iterator(events.end()));
+        });
+        if (!events.empty())
+            events = {};
+    }
+
+    /// Drops whatever is yielded from here on. What was yielded before still reaches the consumer.
+    void finish() const
+    {
+        const std::lock_guard lock(m_state->mutex);
+        m_state->finished = true;
+    }
+
+    /// Starts the one consumer: `handler` gets each event, in order, on `queue`. Call once in a stream's
+    /// life. After `stop` is requested on the queue, no further event is handled. `queue` must outlive the
+    /// stream.
+    void consume(SerialQueue& queue, std::stop_token stop, std::function<void(Event&&)> handler) const
+    {
+        const std::lock_guard lock(m_state->mutex);
+        m_state->queue = &queue;
+        m_state->stop = std::move(stop);
+        m_state->handler = std::move(handler);
+        if (!m_state->pending.empty())
+            scheduleLocked(m_state);
+    }
+
+private:
+    /// Room for more events than this is given back after a burst.
+    static constexpr std::size_t keptRoom = 8192;
+
+    struct State {
+        std::mutex mutex;
+        std::vector<Event> pending;
+        bool finished = false;
+        bool hopScheduled = false;
+        SerialQueue* queue = nullptr;
+        // Set once before the first hop, then read on the queue only.
+        std::stop_token stop;
+        std::function<void(Event&&)> handler;
+        // Taken over from `pending`, touched on the queue only.
+        std::vector<Event> batch;
+        std::size_t handled = 0;
+    };
+
+    template <typename Append>
+    void append(Append&& add) const
+    {
+        const std::lock_guard lock(m_state->mutex);
+        if (m_state->finished)
+            return;
+        add(m_state->pending);
+        if (m_state->queue)
+            scheduleLocked(m_state);
+    }
+
+    static void scheduleLocked(const std::shared_ptr<State>& state)
+    {
+        if (std::exchange(state->hopScheduled, true))
+            return;
+        state->queue->async([state] { handleSlice(state); });
+    }
+
+    static void handleSlice(const std::shared_ptr<State>& state)
+    {
+        const auto end = state->queue->now() + slice;
+        while (takeBatch(*state)) {
+            if (state->stop.stop_requested()) {
+                drop(*state);
+                continue;
+            }
+            // The clock is read once in a while, for reading it costs as much as handling a small event.
+            for (int i = 0; i < 64 && state->handled < state->batch.size(); ++i) {
+                state->handler(std::move(state->batch[state->handled++]));
+                if (state->stop.stop_requested())
+                    break;
+            }
+            if (state->queue->now() >= end) {
+                state->queue->async([state] { handleSlice(state); });
+                return;
+            }
+        }
+    }
+
+    /// Makes sure that there is something to handle; false ends the hop.
+    static bool takeBatch(State& state)
+    {
+        if (state.handled < state.batch.size())
+            return true;
+        drop(state);
+        const std::lock_guard lock(state.mutex);
+        if (state.pending.empty()) {
+            state.hopScheduled = false;
+            return false;
+        }
+        std::swap(state.batch, state.pending);
+        return true;
+    }
+
+    static void drop(State& state)
+    {
+        if (state.batch.capacity() > keptRoom)
+            state.batch = {};
+        state.batch.clear();
+        state.handled = 0;
+    }
+
+    std::shared_ptr<State> m_state;
+};
+
+} // namespace corvane

@@ -1,0 +1,58 @@
+#include "Foundation/QuietTimer.h"
+
+#include <optional>
+#include <utility>
+
+namespace corvane {
+
+struct QuietTimer::State {
+    SerialQueue& queue;
+    const Duration delay;
+    const std::function<void()> onQuiet;
+    std::optional<Instant> deadline;
+    std::optional<WorkItem> waiting;
+};
+
+QuietTimer::QuietTimer(SerialQueue& queue, Duration delay, std::function<void()> onQuiet)
+    : m_state(std::make_shared<State>(State{queue, delay, std::move(onQuiet), {}, {}}))
+{
+}
+
+QuietTimer::~QuietTimer()
+{
+    cancel();
+}
+
+void QuietTimer::restart()
+{
+    m_state->deadline = m_state->queue.now() + m_state->delay;
+    if (!m_state->waiting)
+        schedule(m_state, m_state->delay);
+}
+
+void QuietTimer::cancel()
+{
+    m_state->deadline.reset();
+    if (const auto waiting = std::exchange(m_state->waiting, std::nullopt))
+        WorkItem(*waiting).cancel();
+}
+
+void QuietTimer::schedule(const std::shared_ptr<State>& state, Duration delay)
+{
+    // Weak: the item may still be waiting when its owner is long gone.
+    state->waiting = state->queue.after(delay, [weak = std::weak_ptr(state)] {
+        const auto self = weak.lock();
+        if (!self || !self->deadline)
+            return;
+        self->waiting.reset();
+        const auto left = *self->deadline - self->queue.now();
+        if (left > Duration::zero()) {
+            schedule(self, left);
+            return;
+        }
+        self->deadline.reset();
+        self->onQuiet();
+    });
+}
+
+} // namespace corvane

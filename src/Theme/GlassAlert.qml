@@ -1,0 +1,92 @@
+import QtQuick
+import QtQuick.Templates as T
+import Corvane.Theme
+
+// A question in the middle of the window, with everything else dimmed and out of reach. Its children stand between the title
+// and the buttons. Escape and Return do what `cancelled` and `accepted` do.
+T.Popup {
+    id: root
+
+    required property string title
+    property string message
+    required property string acceptText
+    property bool destructive: false
+    default property alias content: extras.data
+
+    signal accepted
+    signal cancelled
+
+    parent: T.Overlay.overlay
+    anchors.centerIn: parent
+    width: Math.min(340, parent ? parent.width - 32 : 340)
+    padding: 20
+    modal: true
+    focus: true
+    closePolicy: T.Popup.NoAutoClose
+    implicitHeight: contentItem.implicitHeight + topPadding + bottomPadding
+
+    T.Overlay.modal: Rectangle {
+        color: GlassKit.shadow
+    }
+    background: GlassSurface {
+        radius: 16
+        color: GlassKit.raised
+
+        SoftShadow {
+            radius: 16
+            z: -1
+        }
+    }
+    contentItem: FocusScope {
+        implicitHeight: column.implicitHeight
+        focus: true
+        Accessible.role: Accessible.Dialog
+        Accessible.name: root.title
+        Accessible.description: root.message
+        Keys.onEscapePressed: root.cancelled()
+        Keys.onReturnPressed: root.accepted()
+        Keys.onEnterPressed: root.accepted()
+
+        Column {
+            id: column
+
+            width: parent.width
+            spacing: 14
+
+            PlainText {
+                width: parent.width
+                text: root.title
+                font: GlassKit.titleFont
+            }
+            PlainText {
+                visible: text !== ""
+                width: parent.width
+                text: root.message
+                wrapMode: Text.Wrap
+                maximumLineCount: 6
+                color: GlassKit.secondary
+            }
+            Item {
+                id: extras
+
+                width: parent.width
+                height: childrenRect.height
+                visible: children.length > 0
+            }
+            Row {
+                anchors.right: parent.right
+                spacing: GlassKit.controlSpacing
+
+                GlassButton {
+                    text: qsTr("Cancel")
+                    onClicked: root.cancelled()
+                }
+                ProminentButton {
+                    text: root.acceptText
+                    accent: root.destructive ? GlassKit.red : GlassKit.accent
+                    onClicked: root.accepted()
+                }
+            }
+        }
+    }
+}

@@ -1,0 +1,31 @@
+import QtQuick
+import QtQuick.Templates as T
+import Corvane.Theme
+
+// A line of text to be edited.
+T.TextField {
+    id: root
+
+    implicitWidth: 200
+    implicitHeight: 30
+    leftPadding: 10
+    rightPadding: 10
+    verticalAlignment: TextInput.AlignVCenter
+    font: GlassKit.bodyFont
+    color: GlassKit.text
+    selectionColor: GlassKit.tintFill(GlassKit.accent)
+    selectedTextColor: GlassKit.onTint
+    selectByMouse: true
+
+    background: Rectangle {
+        radius: GlassKit.controlRadius
+        color: GlassKit.quaternary
+        border.width: 1
+        border.color: GlassKit.separator
+
+        FocusRing {
+            shown: root.activeFocus
+            radius: GlassKit.controlRadius + 2
+        }
+    }
+}

@@ -1,0 +1,43 @@
+import QtQuick
+import QtQuick.Templates as T
+import Corvane.Theme
+
+// One line of a `GlassMenu`.
+T.MenuItem {
+    id: root
+
+    property string symbol
+    property bool destructive: false
+    readonly property color ink: highlighted ? GlassKit.onTint : destructive ? GlassKit.tintText(GlassKit.red) : GlassKit.text
+
+    width: parent ? parent.width : implicitWidth
+    implicitWidth: 10 + (symbol === "" ? 0 : 24) + label.implicitWidth + 16
+    implicitHeight: visible ? 28 : 0
+    opacity: enabled ? 1 : 0.4
+    Accessible.name: text
+
+    background: Rectangle {
+        radius: 6
+        visible: root.highlighted
+        color: GlassKit.tintFill(root.destructive ? GlassKit.red : GlassKit.accent)
+    }
+    contentItem: Item {
+        Symbol {
+            x: 10
+            anchors.verticalCenter: parent.verticalCenter
+            visible: root.symbol !== ""
+            name: root.symbol
+            size: 15
+            color: root.ink
+        }
+        PlainText {
+            id: label
+
+            x: root.symbol === "" ? 10 : 34
+            anchors.verticalCenter: parent.verticalCenter
+            text: root.text
+            color: root.ink
+            Accessible.ignored: true
+        }
+    }
+}

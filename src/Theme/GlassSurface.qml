@@ -1,0 +1,11 @@
+import QtQuick
+import Corvane.Theme
+
+// The surface that bars and headers stand on: a capsule unless it is told a radius.
+Rectangle {
+    radius: height / 2
+    color: GlassKit.surface
+    border.width: 1
+    border.color: GlassKit.separator
+    antialiasing: true
+}

@@ -1,0 +1,44 @@
+import QtQuick
+import Corvane.Theme
+
+// Makes the cells of the grid smaller and larger. What a step leads to is decided by the model.
+Rectangle {
+    id: root
+
+    required property MatrixZoom zoom
+    property bool embedded: false
+
+    implicitWidth: steppers.implicitWidth + (embedded ? 0 : 32)
+    implicitHeight: steppers.implicitHeight + (embedded ? 0 : 18)
+    radius: height / 2
+    color: embedded ? "transparent" : GlassKit.surface
+    border.width: embedded ? 0 : 1
+    border.color: GlassKit.separator
+
+    Row {
+        id: steppers
+
+        anchors.centerIn: parent
+        spacing: 2
+
+        GlassButton {
+            symbol: "minus"
+            fill: "transparent"
+            enabled: root.zoom.canShrink
+            Accessible.name: qsTr("Smaller cells")
+            onClicked: root.zoom.shrink()
+        }
+        Symbol {
+            anchors.verticalCenter: parent.verticalCenter
+            name: "square.grid.3x3"
+            color: GlassKit.secondary
+        }
+        GlassButton {
+            symbol: "plus"
+            fill: "transparent"
+            enabled: root.zoom.canGrow
+            Accessible.name: qsTr("Larger cells")
+            onClicked: root.zoom.grow()
+        }
+    }
+}

@@ -1,0 +1,44 @@
+import QtQuick
+import QtQuick.Templates as T
+import Corvane.Theme
+
+// One segment of a `SegmentedPicker`.
+T.AbstractButton {
+    id: root
+
+    required property bool selected
+    property string symbol
+
+    implicitWidth: row.implicitWidth + 24
+    focusPolicy: Qt.NoFocus
+    Accessible.role: Accessible.RadioButton
+    Accessible.name: text
+    Accessible.checkable: true
+    Accessible.checked: selected
+
+    contentItem: Item {
+        Row {
+            id: row
+
+            anchors.centerIn: parent
+            spacing: 5
+
+            Symbol {
+                anchors.verticalCenter: parent.verticalCenter
+                visible: root.symbol !== ""
+                name: root.symbol
+                size: 14
+                color: label.color
+            }
+            PlainText {
+                id: label
+
+                text: root.text
+                width: Math.min(implicitWidth, 160)
+                font: GlassKit.controlFont
+                color: root.selected || root.hovered ? GlassKit.text : GlassKit.secondary
+                Accessible.ignored: true
+            }
+        }
+    }
+}

@@ -1,0 +1,11 @@
+import QtQuick
+import Corvane.Theme
+
+// One line of text that is never taken for markup: most of what we show was named by a device or by an operator.
+Text {
+    font: GlassKit.bodyFont
+    color: GlassKit.text
+    textFormat: Text.PlainText
+    elide: Text.ElideRight
+    maximumLineCount: 1
+}

@@ -1,0 +1,25 @@
+import QtQuick
+import Corvane.Theme
+
+// The window's background with a wash of the router's colour, from the top down to the middle.
+Rectangle {
+    id: root
+
+    required property color tint
+
+    color: GlassKit.window
+
+    Rectangle {
+        anchors.fill: parent
+        gradient: Gradient {
+            GradientStop {
+                position: 0
+                color: GlassKit.faded(root.tint, 0.16)
+            }
+            GradientStop {
+                position: 0.5
+                color: GlassKit.faded(root.tint, 0)
+            }
+        }
+    }
+}

@@ -1,0 +1,52 @@
+import QtQuick
+import Corvane.Theme
+
+// The lamp of a link: it glows when connected and pulses while connecting.
+Item {
+    id: root
+
+    required property statusLook status
+
+    implicitWidth: 9
+    implicitHeight: 9
+    Accessible.role: Accessible.Indicator
+    Accessible.name: status.word
+
+    // A soft glow without a shader, so that it looks the same on every renderer.
+    Repeater {
+        model: root.status.glows ? 4 : 0
+
+        Rectangle {
+            required property int index
+
+            anchors.centerIn: parent
+            width: 11 + 3 * index
+            height: width
+            radius: width / 2
+            color: GlassKit.faded(root.status.color, 0.7 / (3 + 3 * index))
+        }
+    }
+    Loader {
+        active: root.status.pulses
+        anchors.centerIn: parent
+        sourceComponent: PulseRing {
+            color: root.status.color
+        }
+    }
+    Rectangle {
+        anchors.fill: parent
+        radius: width / 2
+        color: root.status.color
+        antialiasing: true
+
+        // Half a pixel of 30 % white, as whole pixels can tell it.
+        Rectangle {
+            anchors.fill: parent
+            radius: width / 2
+            color: "transparent"
+            border.width: 1
+            border.color: GlassKit.faded(GlassKit.onTint, 0.15)
+            antialiasing: true
+        }
+    }
+}

@@ -1,0 +1,41 @@
+import QtQuick
+import Corvane.Theme
+import Corvane.Views
+
+// A router that is not connected, and the way to change that.
+EmptyState {
+    id: root
+
+    required property ConnectPromptModel model
+
+    symbol: model.content.symbol
+    title: model.content.name
+    tint: model.content.tint
+    description: model.content.address
+
+    StatusPill {
+        anchors.horizontalCenter: parent.horizontalCenter
+        status: root.model.content.status
+    }
+    PlainText {
+        visible: text !== ""
+        width: parent.width
+        horizontalAlignment: Text.AlignHCenter
+        text: root.model.content.failure
+        font: GlassKit.calloutFont
+        color: GlassKit.tintText(GlassKit.red)
+        wrapMode: Text.Wrap
+        maximumLineCount: 4
+    }
+    Item {
+        width: 1
+        height: 2
+    }
+    ProminentButton {
+        anchors.horizontalCenter: parent.horizontalCenter
+        implicitHeight: 34
+        text: root.model.content.buttonText
+        symbol: root.model.content.buttonSymbol
+        onClicked: root.model.pressButton()
+    }
+}

@@ -1,0 +1,115 @@
+#pragma once
+
+#include "Views/ConnectPromptModel.h"
+#include "Views/ControlBarModel.h"
+#include "Views/DeviceHeaderModel.h"
+#include "Views/ErrorBannerModel.h"
+#include "Views/RenamePromptModel.h"
+#include "Views/RoutingModeClusterModel.h"
+
+namespace corvane {
+
+/// What the workspace of a router shows as a whole.
+struct CorvaneViewContent {
+    Q_GADGET
+    QML_VALUE_TYPE(corvaneViewContent)
+    Q_PROPERTY(QString title MEMBER title FINAL)
+    Q_PROPERTY(QString subtitle MEMBER subtitle FINAL)
+    Q_PROPERTY(QColor color MEMBER color FINAL)
+    Q_PROPERTY(bool isConnected MEMBER isConnected FINAL)
+    Q_PROPERTY(bool showsMatrix MEMBER showsMatrix FINAL)
+    Q_PROPERTY(bool showsMismatch MEMBER showsMismatch FINAL)
+
+public:
+    QString title;
+    /// What is known beyond the name; may be empty.
+    QString subtitle;
+    QColor color;
+    bool isConnected = false;
+    /// At most one of the routing area's screens.
+    bool showsMatrix = false;
+    /// None of the active panel's sources, or none of its destinations, is there.
+    bool showsMismatch = false;
+
+    bool operator==(const CorvaneViewContent&) const = default;
+};
+
+/// The workspace of one router: the working screen while it is connected, the connect prompt otherwise.
+///
+/// Connects a disconnected router when it is first shown, and again when the router gets another controller.
+/// A router whose connection failed waits for the operator.
+class CorvaneViewModel : public ControllerModel {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Belongs to a ContentViewModel")
+    Q_PROPERTY(corvane::CorvaneViewContent content READ content NOTIFY contentChanged FINAL)
+    Q_PROPERTY(corvane::MatrixController* controller READ controller NOTIFY controllerChanged FINAL)
+    Q_PROPERTY(corvane::MatrixZoom* zoom READ zoom CONSTANT FINAL)
+    Q_PROPERTY(corvane::DeviceHeaderModel* header READ header CONSTANT FINAL)
+    Q_PROPERTY(corvane::RoutingModeClusterModel* modes READ modes CONSTANT FINAL)
+    Q_PROPERTY(corvane::ControlBarModel* controlBar READ controlBar CONSTANT FINAL)
+    Q_PROPERTY(corvane::ConnectPromptModel* prompt READ prompt CONSTANT FINAL)
+    Q_PROPERTY(corvane::ErrorBannerModel* banner READ banner CONSTANT FINAL)
+    Q_PROPERTY(corvane::RenamePromptModel* rename READ rename CONSTANT FINAL)
+    /// The height of the floating bar as it was last measured.
+    Q_PROPERTY(double controlBarHeight READ controlBarHeight WRITE setControlBarHeight NOTIFY
+            controlBarClearanceChanged FINAL)
+    /// The room that the routing area keeps free for the floating bar.
+    Q_PROPERTY(double controlBarClearance READ controlBarClearance NOTIFY controlBarClearanceChanged FINAL)
+
+public:
+    /// All must outlive the model.
+    struct Environment {
+        SerialQueue& mainQueue;
+        const GlassKit& theme;
+        MatrixZoom& zoom;
+    };
+
+    CorvaneViewModel(const Environment& environment, MatrixController& controller, QObject* parent = nullptr);
+
+    /// Another controller of the same router.
+    void setController(MatrixController* controller) override;
+
+    [[nodiscard]] QUuid routerID() const { return m_routerID; }
+    [[nodiscard]] const CorvaneViewContent& content() const { return m_content; }
+    /// For the window: the title, and the subtitle behind a dash if there is one.
+    [[nodiscard]] QString windowTitle() const;
+    [[nodiscard]] MatrixZoom* zoom() const { return m_controlBar.zoom(); }
+    [[nodiscard]] DeviceHeaderModel* header() { return &m_header; }
+    [[nodiscard]] RoutingModeClusterModel* modes() { return &m_modes; }
+    [[nodiscard]] ControlBarModel* controlBar() { return &m_controlBar; }
+    [[nodiscard]] ConnectPromptModel* prompt() { return &m_prompt; }
+    [[nodiscard]] ErrorBannerModel* banner() { return &m_banner; }
+    [[nodiscard]] RenamePromptModel* rename() { return &m_rename; }
+
+    [[nodiscard]] double controlBarHeight() const { return m_controlBarHeight; }
+    void setControlBarHeight(double height);
+    [[nodiscard]] double controlBarClearance() const;
+
+    Q_INVOKABLE void showFullRouter();
+    /// `number` counts from 1; a number that no panel has does nothing.
+    Q_INVOKABLE void showPanel(int number);
+
+signals:
+    void controllerChanged();
+    void controlBarClearanceChanged();
+
+protected:
+    void refresh() override;
+
+private:
+    void connectIfDisconnected();
+
+    SerialQueue& m_mainQueue;
+    const QUuid m_routerID;
+    CorvaneViewContent m_content;
+    DeviceHeaderModel m_header;
+    RoutingModeClusterModel m_modes;
+    ControlBarModel m_controlBar;
+    ConnectPromptModel m_prompt;
+    ErrorBannerModel m_banner;
+    RenamePromptModel m_rename;
+    double m_controlBarHeight = 0;
+};
+
+} // namespace corvane

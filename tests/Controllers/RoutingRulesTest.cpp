@@ -1,0 +1,105 @@
+#include "Controllers/RoutingRules.h"
+
+#include <gtest/gtest.h>
+
+namespace corvane {
+
+namespace {
+
+TEST(RoutingRules, ATakeSwitchesTheLevelsBrokenAwayOrAllOfThem)
+{
+    const QList<RouterLevel> levels{{2, {}, {}}, {0, {}, {}}, {1, {}, {}}};
+    struct Case {
+        const char* name;
+        QSet<qint64> breakaway;
+        QList<qint64> active;
+    };
+    const Case cases[] = {
+        {"none broken away", {}, {2, 0, 1}},
+        {"one", {1}, {1}},
+        {"in the router's order", {0, 1, 2}, {2, 0, 1}},
+        {"one that isn't the router's", {9}, {2, 0, 1}},
+        {"one of each", {9, 0}, {0}},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(routing::activeLevels(levels, c.breakaway), c.active) << c.name;
+    EXPECT_TRUE(routing::activeLevels({}, {0}).isEmpty());
+}
+
+TEST(RoutingRules, ATakeIsPendingOnceItHasASourceAndADestination)
+{
+    using enum RoutingDirection;
+    struct Case {
+        const char* name;
+        Staging staging;
+        std::optional<qint64> focusedSource;
+        RoutingDirection direction;
+        std::optional<PendingTake> pending;
+    };
+    const Case cases[] = {
+        {"nothing", {}, 4, destinationLed, {}},
+        {"destination only", {1, {}, {}}, 4, destinationLed, {}},
+        {"source only", {{}, 3, {}}, 4, destinationLed, {}},
+        {"one destination", {1, 3, {}}, 4, destinationLed, {{3, {1}}}},
+        {"several, ascending", {{}, 3, {7, 2, 5}}, 4, destinationLed, {{3, {2, 5, 7}}}},
+        {"several before one", {1, 3, {7, 2}}, 4, destinationLed, {{3, {2, 7}}}},
+        {"several, no source staged", {{}, {}, {7, 2}}, 4, destinationLed, {}},
+        {"source-led: the focused source", {{}, 3, {7, 2}}, 4, sourceLed, {{4, {2, 7}}}},
+        {"source-led: no focus", {{}, 3, {7, 2}}, {}, sourceLed, {{3, {2, 7}}}},
+        {"source-led: falls through", {1, 3, {}}, 4, sourceLed, {{3, {1}}}},
+        {"source-led: no destination", {{}, {}, {}}, 4, sourceLed, {}},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(routing::pendingTake(c.staging, {0, {}, c.focusedSource}, c.direction), c.pending)
+            << c.name;
+}
+
+TEST(RoutingRules, AGangTakesInTheFocusedDestinationAndNeverShrinksToOne)
+{
+    struct Case {
+        const char* name;
+        Selection before;
+        qint64 toggled;
+        Selection after;
+    };
+    const Case cases[] = {
+        {"nothing focused", {{}, {}, 9}, 3, {3, {}, 9}},
+        {"the focused one joins", {2, {}, 9}, 3, {3, {2, 3}, 9}},
+        {"the focused one again", {2, {}, 9}, 2, {{}, {}, 9}},
+        {"a third", {3, {2, 3}, {}}, 7, {7, {2, 3, 7}, {}}},
+        {"a focus outside the gang", {9, {2, 3}, {}}, 7, {7, {2, 3, 7}, {}}},
+        {"out of three", {7, {2, 3, 7}, {}}, 7, {2, {2, 3}, {}}},
+        {"down to one", {3, {2, 3}, {}}, 2, {3, {}, {}}},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(routing::toggledInGang(c.before, c.toggled), c.after) << c.name;
+}
+
+TEST(RoutingRules, WritingATallyTellsWhetherItChangedAnything)
+{
+    struct Case {
+        const char* name;
+        Crosspoint written;
+        bool isChange;
+        std::optional<qint64> after;
+    };
+    const Case cases[] = {
+        {"another source", {0, 1, 8}, true, 8},
+        {"the same source", {0, 1, 5}, false, 5},
+        {"a new level", {4, 1, 5}, true, 5},
+        {"routed to nothing", {0, 1, {}}, true, {}},
+        {"nothing was there", {0, 2, {}}, false, {}},
+        {"no such level", {4, 1, {}}, false, {}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        RouterState state;
+        state.routing[0].insert(1, 5);
+        EXPECT_EQ(routing::write(state, c.written), c.isChange);
+        EXPECT_EQ(state.source(c.written.destination, c.written.level), c.after);
+    }
+}
+
+} // namespace
+
+} // namespace corvane

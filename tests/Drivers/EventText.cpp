@@ -1,0 +1,113 @@
+#include "Drivers/EventText.h"
+
+#include <algorithm>
+#include <map>
+#include <sstream>
+
+namespace corvane {
+
+namespace {
+
+std::string portTexts(const QList<Port>& ports)
+{
+    std::string text = "[";
+    for (const auto& port : ports)
+        text += (text.size() > 1 ? "|" : "") + port.label.toStdString();
+    return text + "]";
+}
+
+std::string routingText(const LevelRouting& routing)
+{
+    std::string text;
+    const std::map<qint64, qint64> sorted(routing.constKeyValueBegin(), routing.constKeyValueEnd());
+    for (const auto& [destination, source] : sorted)
+        text += " " + std::to_string(destination) + "=" + std::to_string(source);
+    return text;
+}
+
+std::string stateText(const RouterState& state)
+{
+    auto text = "\"" + state.deviceName.toStdString() + "\" \"" + state.model.toStdString() + "\" "
+        + portTexts(state.sources) + " " + portTexts(state.destinations) + " routes"
+        + routingText(state.routing.value(0));
+    auto locked = state.lockedDestinations.values();
+    std::ranges::sort(locked);
+    for (const auto destination : locked)
+        text += " locked " + std::to_string(destination);
+    return text;
+}
+
+struct Writer {
+    std::ostream& out;
+
+    void operator()(const driverEvent::Status& event) const { out << "status " << event.text.toStdString(); }
+    void operator()(const driverEvent::Connected& event) const
+    {
+        out << "connected " << stateText(event.state);
+    }
+    void operator()(const driverEvent::StateReplaced& event) const
+    {
+        out << "replaced " << stateText(event.state);
+    }
+    void operator()(const driverEvent::RouteChanged& event) const
+    {
+        out << "route " << event.level << ':' << event.destination << '='
+            << (event.source ? std::to_string(*event.source) : "none");
+    }
+    void operator()(const driverEvent::LabelChanged& event) const
+    {
+        out << "label " << rawValue(event.kind).toStdString() << ' ' << event.index << ' '
+            << event.label.toStdString();
+    }
+    void operator()(const driverEvent::LockChanged& event) const
+    {
+        out << (event.locked ? "lock " : "unlock ") << event.destination;
+    }
+    void operator()(const driverEvent::InputStatusChanged& event) const
+    {
+        out << "input " << event.input;
+        if (event.status)
+            out << (event.status->present ? " present " : " absent ")
+                << event.status->format.value_or(QString()).toStdString();
+    }
+    void operator()(const driverEvent::Disconnected& event) const
+    {
+        out << "disconnected";
+        if (event.reason)
+            out << ' ' << event.reason->toStdString();
+    }
+    void operator()(const driverEvent::Error& event) const { out << "error " << event.message.toStdString(); }
+    void operator()(const driverEvent::CommandRefused& event) const
+    {
+        out << "refused " << event.message.toStdString();
+    }
+};
+
+} // namespace
+
+std::string eventText(const RouterDriverEvent& event)
+{
+    std::ostringstream out;
+    std::visit(Writer{out}, event);
+    return out.str();
+}
+
+EventLog::EventLog(const RouterEventStream& events, SerialQueue& queue)
+{
+    events.consume(queue, m_stop.get_token(),
+        [this](RouterDriverEvent&& event) { m_texts.push_back(eventText(event)); });
+}
+
+std::vector<std::string> EventLog::takeNew()
+{
+    const auto begin = m_texts.begin() + static_cast<std::ptrdiff_t>(m_taken);
+    m_taken = m_texts.size();
+    return {begin, m_texts.end()};
+}
+
+bool EventLog::contains(const std::string& text) const
+{
+    return std::ranges::find(m_texts, text) != m_texts.end();
+}
+
+} // namespace corvane

@@ -1,0 +1,270 @@
+#include "Foundation/JsonFile.h"
+#include "Foundation/DataFolder.h"
+#include "Foundation/JsonReader.h"
+#include "support/Files.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <csignal>
+#include <random>
+
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace corvane {
+
+namespace {
+
+class JsonFileTest : public testing::Test {
+protected:
+    static JsonFile fileAt(
+        const QString& path, JsonFile::MovedAside wording = JsonFile::MovedAside::namesTheCopy)
+    {
+        return JsonFile(path, QStringLiteral("LabelStore"), wording);
+    }
+
+    static void save(const JsonFile& file, const QString& content)
+    {
+        file.save([&](JsonWriter& writer) {
+            writer.beginArray();
+            writer.string(content);
+            writer.endArray();
+        });
+    }
+
+    /// Loads, and stores what the file holds only once all of it was read.
+    JsonFile::Loaded load(const JsonFile& file)
+    {
+        return file.load([this](const QByteArray& bytes) {
+            QStringList read;
+            readJsonArray(bytes, [&](const JsonValue& value) { read.append(value.string()); });
+            m_content = read;
+        });
+    }
+
+    TemporaryFolder m_folder;
+    const QString m_path = m_folder.path(QStringLiteral("labels.json"));
+    const QString m_corruptPath = m_path + QStringLiteral(".corrupt");
+    const JsonFile m_file = fileAt(m_path);
+    QStringList m_content;
+};
+
+TEST_F(JsonFileTest, StartsEmptyAndSaysNothingWhenThereIsNoFile)
+{
+    EXPECT_EQ(printedBy([&] { EXPECT_EQ(load(m_file), JsonFile::Loaded::missing); }), "");
+    EXPECT_EQ(m_folder.names(), QStringList());
+}
+
+TEST_F(JsonFileTest, LoadsWhatItSavedAndMakesTheFoldersForIt)
+{
+    const auto file = fileAt(m_folder.path(QStringLiteral("a/b/labels.json")));
+    EXPECT_EQ(printedBy([&] {
+        save(file, QStringLiteral("old"));
+        save(file, QStringLiteral("Cam 1"));
+        EXPECT_EQ(load(file), JsonFile::Loaded::complete);
+    }),
+        "");
+    EXPECT_EQ(m_content, QStringList(QStringLiteral("Cam 1")));
+    EXPECT_EQ(readFile(file.path()), "[\"Cam 1\"]");
+}
+
+TEST_F(JsonFileTest, MovesABadFileAsideInPlaceOfAnEarlierOne)
+{
+    writeFile(m_corruptPath, "an earlier one");
+    writeFile(m_path, R"(["a")");
+    EXPECT_EQ(printedBy([&] { EXPECT_EQ(load(m_file), JsonFile::Loaded::movedAside); }),
+        "LabelStore: unreadable labels.json moved to labels.json.corrupt — not JSON at byte 5\n");
+    EXPECT_EQ(m_folder.names(), QStringList(QStringLiteral("labels.json.corrupt")));
+    EXPECT_EQ(readFile(m_corruptPath), R"(["a")");
+    EXPECT_EQ(m_content, QStringList());
+}
+
+TEST_F(JsonFileTest, HasAShorterLineForThoseWhoWantIt)
+{
+    writeFile(m_path, "[1]");
+    const auto file = fileAt(m_path, JsonFile::MovedAside::staysShort);
+    EXPECT_EQ(printedBy([&] { load(file); }),
+        "LabelStore: unreadable labels.json moved aside — an element is not a string\n");
+}
+
+TEST_F(JsonFileTest, MovesAsideWhateverElseStandsInTheFilesPlace)
+{
+    const auto line =
+        "LabelStore: unreadable labels.json moved to labels.json.corrupt — not a regular file\n";
+    ASSERT_TRUE(QDir().mkdir(m_path));
+    EXPECT_EQ(printedBy([&] { EXPECT_EQ(load(m_file), JsonFile::Loaded::movedAside); }), line);
+    EXPECT_TRUE(QFileInfo(m_corruptPath).isDir());
+    // Reading a pipe that nobody writes to would never end.
+    ASSERT_EQ(::mkfifo(qPrintable(m_path), 0600), 0);
+    EXPECT_EQ(printedBy([&] { EXPECT_EQ(load(m_file), JsonFile::Loaded::movedAside); }), line);
+    EXPECT_EQ(m_folder.names(), QStringList(QStringLiteral("labels.json.corrupt")));
+}
+
+TEST_F(JsonFileTest, PrintsItsLineAlsoWhenTheBadFileCantBeMovedAndReplacesItAtTheNextSave)
+{
+    ASSERT_TRUE(QDir().mkpath(m_corruptPath + QStringLiteral("/holding something")));
+    writeFile(m_path, "bad");
+    EXPECT_EQ(printedBy([&] { EXPECT_EQ(load(m_file), JsonFile::Loaded::movedAside); }),
+        "LabelStore: unreadable labels.json moved to labels.json.corrupt — not JSON at byte 1\n");
+    EXPECT_EQ(readFile(m_path), "bad");
+    save(m_file, QStringLiteral("new"));
+    EXPECT_EQ(readFile(m_path), "[\"new\"]");
+}
+
+TEST_F(JsonFileTest, SurvivesASaveIntoAPlaceThatCantBe)
+{
+    writeFile(m_folder.path(QStringLiteral("file")), "not a folder");
+    const auto below = fileAt(m_folder.path(QStringLiteral("file/labels.json")));
+    EXPECT_EQ(printedBy([&] { EXPECT_EQ(load(below), JsonFile::Loaded::missing); }), "");
+    EXPECT_EQ(
+        printedBy([&] { save(below, QStringLiteral("x")); }), "LabelStore: save failed — Not a directory\n");
+
+    ASSERT_TRUE(QDir().mkdir(m_path));
+    EXPECT_EQ(
+        printedBy([&] { save(m_file, QStringLiteral("x")); }), "LabelStore: save failed — Is a directory\n");
+    EXPECT_EQ(m_folder.names(), (QStringList{QStringLiteral("file"), QStringLiteral("labels.json")}));
+}
+
+/// No file may grow beyond this many bytes while it lives; what a full disk looks like to the writer.
+class FileSizeLimit {
+public:
+    explicit FileSizeLimit(rlim_t bytes)
+    {
+        std::signal(SIGXFSZ, SIG_IGN);
+        ::getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit limit{bytes, m_before.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FileSizeLimit()
+    {
+        ::setrlimit(RLIMIT_FSIZE, &m_before);
+        std::signal(SIGXFSZ, SIG_DFL);
+    }
+
+private:
+    rlimit m_before{};
+};
+
+TEST_F(JsonFileTest, KeepsTheOldFileWhenTheDiskIsFull)
+{
+    save(m_file, QStringLiteral("old"));
+    const auto printed = printedBy([&] {
+        const FileSizeLimit limit(5000);
+        save(m_file, QString(20'000, u'x'));
+    });
+    EXPECT_EQ(printed, "LabelStore: save failed — File too large\n");
+    EXPECT_EQ(readFile(m_path), "[\"old\"]");
+    EXPECT_EQ(m_folder.names(), QStringList(QStringLiteral("labels.json")));
+}
+
+TEST_F(JsonFileTest, KeepsTheOldFileWhenTheContentCantBeWritten)
+{
+    save(m_file, QStringLiteral("old"));
+    const auto printed = printedBy([&] { m_file.save([](JsonWriter&) { throw std::runtime_error("no"); }); });
+    EXPECT_EQ(printed, "LabelStore: save failed — no\n");
+    EXPECT_EQ(readFile(m_path), "[\"old\"]");
+}
+
+TEST_F(JsonFileTest, KeepsALinkAndWritesWhereItPoints)
+{
+    ASSERT_TRUE(QDir(m_folder.path()).mkpath(QStringLiteral("elsewhere")));
+    const auto real = m_folder.path(QStringLiteral("elsewhere/real.json"));
+    // A chain, the second link relative, and nothing yet at its end.
+    ASSERT_TRUE(QFile::link(QStringLiteral("second"), m_path));
+    ASSERT_TRUE(QFile::link(QStringLiteral("elsewhere/real.json"), m_folder.path(QStringLiteral("second"))));
+    EXPECT_EQ(load(m_file), JsonFile::Loaded::missing);
+    save(m_file, QStringLiteral("one"));
+    save(m_file, QStringLiteral("two"));
+    EXPECT_TRUE(QFileInfo(m_path).isSymLink());
+    EXPECT_EQ(readFile(real), "[\"two\"]");
+    EXPECT_EQ(load(m_file), JsonFile::Loaded::complete);
+}
+
+TEST_F(JsonFileTest, KeepsPermissionsAndMakesNewFilesPrivate)
+{
+    constexpr auto mode = [](const QString& path) {
+        struct stat status { };
+        return ::stat(qPrintable(path), &status) == 0 ? status.st_mode & 07777U : 0U;
+    };
+    save(m_file, QStringLiteral("new"));
+    EXPECT_EQ(mode(m_path), 0600U);
+    ASSERT_EQ(::chmod(qPrintable(m_path), 0664), 0);
+    save(m_file, QStringLiteral("newer"));
+    EXPECT_EQ(mode(m_path), 0664U);
+}
+
+/// Saves by turns in a process of its own, telling of each save by one byte, until it is killed after `saves`
+/// of them.
+void killWhileSaving(const JsonFile& file, const std::array<QString, 2>& contents, int saves)
+{
+    std::array<int, 2> pipe{};
+    ASSERT_EQ(::pipe(pipe.data()), 0);
+    const auto child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        for (std::size_t i = 0; true; ++i) {
+            file.save([&](JsonWriter& writer) { writer.string(contents[i % 2]); });
+            if (::write(pipe[1], "s", 1) != 1)
+                ::_exit(1);
+        }
+    }
+    char byte = 0;
+    for (int i = 0; i < saves; ++i)
+        ASSERT_EQ(::read(pipe[0], &byte, 1), 1);
+    ::kill(child, SIGKILL);
+    ::waitpid(child, nullptr, 0);
+    ::close(pipe[0]);
+    ::close(pipe[1]);
+}
+
+TEST_F(JsonFileTest, LeavesTheOldOrTheNewContentWholeWheneverItIsKilled)
+{
+    const std::array contents{QString(20'000, u'o'), QString(30'000, u'n')};
+    std::mt19937 random(1);
+    int leftBehind = 0;
+    for (int round = 0; round < 200; ++round) {
+        killWhileSaving(m_file, contents, std::uniform_int_distribution(1, 6)(random));
+        const auto text = QString::fromUtf8(readFile(m_path)).remove(u'"');
+        ASSERT_TRUE(text == contents[0] || text == contents[1]) << "round " << round << ": " << text.size();
+        leftBehind += m_folder.names().size() > 1;
+        ASSERT_EQ(m_file.load([](const QByteArray&) {}), JsonFile::Loaded::complete);
+        ASSERT_EQ(m_folder.names(), QStringList(QStringLiteral("labels.json")));
+    }
+    EXPECT_GT(leftBehind, 0) << "no kill ever came in the middle of a save";
+}
+
+/// Sets one variable of the environment for as long as it lives.
+class EnvironmentVariable {
+public:
+    EnvironmentVariable(const char* name, const QByteArray& value) : m_name(name), m_before(qgetenv(name))
+    {
+        qputenv(name, value);
+    }
+    ~EnvironmentVariable() { m_before.isNull() ? qunsetenv(m_name) : qputenv(m_name, m_before); }
+
+private:
+    const char* m_name;
+    const QByteArray m_before;
+};
+
+TEST(DataFolder, IsTheUsersOwnAndTheTemporaryFolderWhereThatCantBeHad)
+{
+    const TemporaryFolder folder;
+    writeFile(folder.path(QStringLiteral("file")), "not a folder");
+    {
+        const EnvironmentVariable home("XDG_DATA_HOME", folder.path(QStringLiteral("a/b")).toUtf8());
+        EXPECT_EQ(dataFolder(), folder.path(QStringLiteral("a/b/Corvane")));
+        EXPECT_TRUE(QFileInfo(folder.path(QStringLiteral("a/b"))).isDir());
+    }
+    const EnvironmentVariable home("XDG_DATA_HOME", folder.path(QStringLiteral("file/b")).toUtf8());
+    EXPECT_EQ(dataFolder(), QDir::tempPath() + QStringLiteral("/Corvane"));
+}
+
+} // namespace
+
+} // namespace corvane

@@ -1,0 +1,75 @@
+#include "Foundation/QuietTimer.h"
+#include "support/ManualQueue.h"
+
+#include <gtest/gtest.h>
+
+namespace corvane {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+class QuietTimerTest : public testing::Test {
+protected:
+    ManualQueue queue;
+    int calls = 0;
+    QuietTimer timer{queue, 1200ms, [this] { ++calls; }};
+};
+
+TEST_F(QuietTimerTest, CallsOnceAfterTheLastRestart)
+{
+    timer.restart();
+    queue.advance(1s);
+    timer.restart();
+    queue.advance(1199ms);
+    EXPECT_EQ(calls, 0);
+    queue.advance(1ms);
+    EXPECT_EQ(calls, 1);
+    queue.advance(1h);
+    EXPECT_EQ(calls, 1);
+    timer.restart();
+    queue.advance(1200ms);
+    EXPECT_EQ(calls, 2);
+}
+
+TEST_F(QuietTimerTest, CancelledStaysQuietUntilTheNextRestart)
+{
+    timer.restart();
+    queue.advance(1s);
+    timer.cancel();
+    queue.advance(1h);
+    EXPECT_EQ(calls, 0);
+    timer.restart();
+    queue.advance(1200ms);
+    EXPECT_EQ(calls, 1);
+}
+
+TEST_F(QuietTimerTest, KeepsOneItemWaitingHoweverOftenItIsRestarted)
+{
+    for (int i = 0; i < 1000; ++i)
+        timer.restart();
+    EXPECT_EQ(queue.waitingCount(), 1U);
+}
+
+TEST(QuietTimer, MayBeDestroyedWhileWaitingAndWhileCalling)
+{
+    ManualQueue queue;
+    int calls = 0;
+    auto timer = std::make_unique<QuietTimer>(queue, 1s, [&] { ++calls; });
+    timer->restart();
+    timer.reset();
+    queue.advance(2s);
+    EXPECT_EQ(calls, 0);
+
+    timer = std::make_unique<QuietTimer>(queue, 1s, [&] {
+        timer.reset();
+        ++calls;
+    });
+    timer->restart();
+    queue.advance(2s);
+    EXPECT_EQ(calls, 1);
+}
+
+} // namespace
+
+} // namespace corvane

@@ -1,0 +1,228 @@
+#include "Foundation/TcpConnection.h"
+#include "Foundation/EventLoopQueue.h"
+#include "support/ManualQueue.h"
+#include "support/Pump.h"
+
+#include <QTcpServer>
+#include <QTcpSocket>
+
+#include <gtest/gtest.h>
+
+namespace corvane {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+const auto refused = QStringLiteral("Connection refused");
+
+std::shared_ptr<void> noService(const ServiceEndpoint&, const std::function<void(ServiceResolution)>&)
+{
+    return nullptr;
+}
+
+/// A peer on loopback, and a connection to it whose queue the test moves.
+class TcpConnectionTest : public testing::Test {
+protected:
+    void SetUp() override { ASSERT_TRUE(server.listen(QHostAddress::LocalHost)); }
+
+    void open(Endpoint endpoint, ServiceResolver resolver = noService)
+    {
+        connection = TcpConnection::make(std::move(endpoint), queue, std::move(resolver));
+        connection->setStateHandler([this](const auto& state) { states.push_back(state); });
+        read();
+        connection->start();
+    }
+
+    HostEndpoint here() const { return {QStringLiteral("127.0.0.1"), server.serverPort()}; }
+
+    void read()
+    {
+        connection->receive(65536, [this](const TcpConnection::Delivery& delivery) {
+            received += delivery.bytes;
+            if (delivery.isComplete || delivery.error)
+                ends.push_back(delivery);
+            else
+                read();
+        });
+    }
+
+    bool pump(const std::function<bool()>& condition) { return pumpUntil(condition, {&queue}); }
+
+    QTcpSocket* accept()
+    {
+        EXPECT_TRUE(pump([this] { return connection->isReady() && server.hasPendingConnections(); }));
+        return server.nextPendingConnection();
+    }
+
+    QTcpServer server;
+    ManualQueue queue;
+    std::shared_ptr<TcpConnection> connection;
+    std::vector<TcpConnection::State> states;
+    QByteArray received;
+    std::vector<TcpConnection::Delivery> ends;
+};
+
+TEST_F(TcpConnectionTest, CarriesBytesBothWaysInOrder)
+{
+    open(here());
+    auto* const peer = accept();
+    std::vector<int> completions;
+    for (int i = 0; i < 3; ++i) {
+        connection->send(QByteArray::number(i) + '\n', [&completions, i](const auto& error) {
+            EXPECT_FALSE(error);
+            completions.push_back(i);
+        });
+    }
+    EXPECT_TRUE(pump([&] { return peer->bytesAvailable() == 6; }));
+    EXPECT_EQ(peer->readAll(), "0\n1\n2\n");
+    EXPECT_EQ(completions, (std::vector{0, 1, 2}));
+
+    const QByteArray large(1'000'000, 'x');
+    peer->write(large);
+    EXPECT_TRUE(pump([&] { return received.size() == large.size(); }));
+    EXPECT_EQ(states, (std::vector<TcpConnection::State>{TcpConnection::Ready{}}));
+}
+
+TEST_F(TcpConnectionTest, DeliversEveryByteBeforeTheEndOfTheStream)
+{
+    open(here());
+    auto* const peer = accept();
+    peer->write(QByteArray(300'000, 'x'));
+    peer->disconnectFromHost();
+    EXPECT_TRUE(pump([&] { return !ends.empty(); }));
+    EXPECT_EQ(received.size(), 300'000);
+    EXPECT_TRUE(ends.front().isComplete);
+    EXPECT_FALSE(ends.front().error);
+}
+
+TEST_F(TcpConnectionTest, WaitsForAPeerThatRefusesAndConnectsOnceItIsThere)
+{
+    const auto endpoint = here();
+    server.close();
+    open(endpoint);
+    const TcpConnection::State waiting = TcpConnection::Waiting{refused};
+    EXPECT_TRUE(pump([&] { return !states.empty(); }));
+    EXPECT_EQ(states, std::vector{waiting});
+
+    // Still refused at the second attempt: the state does not change, so nobody is told again.
+    queue.advance(1s);
+    pumpUntilIdle({&queue});
+    EXPECT_EQ(states, std::vector{waiting});
+
+    ASSERT_TRUE(server.listen(QHostAddress::LocalHost, endpoint.port));
+    EXPECT_TRUE(pump([&] { return queue.waitingCount() > 0; }));
+    queue.advance(1s);
+    EXPECT_TRUE(pump([&] { return connection->isReady(); }));
+}
+
+TEST_F(TcpConnectionTest, CancelledIsOverInEveryState)
+{
+    const auto closed = [this] {
+        const auto endpoint = here();
+        server.close();
+        return endpoint;
+    }();
+    open(closed);
+    EXPECT_TRUE(pump([&] { return !states.empty(); }));
+    connection->cancel();
+    connection->cancel();
+    queue.runReady();
+    EXPECT_EQ(states.back(), TcpConnection::State(TcpConnection::Cancelled{}));
+    EXPECT_EQ(states.size(), 2U);
+    ASSERT_TRUE(server.listen(QHostAddress::LocalHost, closed.port));
+    queue.advance(10s);
+    pumpUntilIdle({&queue});
+    EXPECT_FALSE(server.hasPendingConnections());
+
+    std::optional<QString> error;
+    connection->send("late", [&](const auto& reported) { error = reported; });
+    queue.runReady();
+    EXPECT_TRUE(error);
+}
+
+TEST_F(TcpConnectionTest, CancellingClosesThePeersEnd)
+{
+    open(here());
+    auto* const peer = accept();
+    connection->cancel();
+    EXPECT_TRUE(pump([&] { return peer->state() == QAbstractSocket::UnconnectedState; }));
+    EXPECT_TRUE(ends.empty());
+}
+
+TEST_F(TcpConnectionTest, DroppingItClosesThePeersEnd)
+{
+    open(here());
+    auto* const peer = accept();
+    connection.reset();
+    EXPECT_TRUE(pump([&] { return peer->state() == QAbstractSocket::UnconnectedState; }));
+    EXPECT_EQ(states.size(), 1U);
+}
+
+TEST_F(TcpConnectionTest, FindsAServiceAnewAtEachAttempt)
+{
+    const ServiceEndpoint service{
+        QStringLiteral("Hub"), QStringLiteral("_videohub._tcp"), QStringLiteral("local.")};
+    int searches = 0;
+    open(service, [&](const ServiceEndpoint& wanted, const std::function<void(ServiceResolution)>& done) {
+        EXPECT_EQ(wanted, service);
+        done(++searches == 1 ? ServiceResolution(QStringLiteral("not yet")) : ServiceResolution(here()));
+        return std::make_shared<int>();
+    });
+    EXPECT_TRUE(pump([&] { return !states.empty(); }));
+    EXPECT_EQ(states.front(), TcpConnection::State(TcpConnection::Waiting{QStringLiteral("not yet")}));
+    queue.advance(1s);
+    EXPECT_TRUE(pump([&] { return connection->isReady(); }));
+}
+
+TEST_F(TcpConnectionTest, AReaderThatDoesNotAskSlowsThePeerDown)
+{
+    connection = TcpConnection::make(here(), queue, noService);
+    connection->start();
+    auto* const peer = accept();
+    constexpr qint64 tooMuchForAnyKernelBuffer = 64'000'000;
+    peer->write(QByteArray(tooMuchForAnyKernelBuffer, 'x'));
+    pumpUntilIdle({&queue});
+    EXPECT_GT(peer->bytesToWrite(), tooMuchForAnyKernelBuffer / 4);
+    read();
+    EXPECT_TRUE(pump([&] { return received.size() == tooMuchForAnyKernelBuffer; }));
+}
+
+TEST(TcpConnection, WorksFromAnotherThreadThanItsQueue)
+{
+    QTcpServer server;
+    ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
+    ThreadQueue queue(QStringLiteral("test.tcp"));
+    const auto connection =
+        TcpConnection::make(HostEndpoint{QStringLiteral("127.0.0.1"), server.serverPort()}, queue, noService);
+    QByteArray received;
+    bool ended = false;
+    std::function<void()> read = [&] {
+        connection->receive(65536, [&](const TcpConnection::Delivery& delivery) {
+            received += delivery.bytes;
+            ended = delivery.isComplete;
+            if (!ended)
+                read();
+        });
+    };
+    read();
+    connection->start();
+    ASSERT_TRUE(pumpUntil([&] { return connection->isReady() && server.hasPendingConnections(); }));
+    auto* const peer = server.nextPendingConnection();
+    connection->send("take", [](const auto& error) { EXPECT_FALSE(error); });
+    ASSERT_TRUE(pumpUntil([&] { return peer->bytesAvailable() == 4; }));
+    peer->write("tally");
+    peer->disconnectFromHost();
+    EXPECT_TRUE(pumpUntil([&] {
+        bool isOver = false;
+        queue.sync([&] { isOver = ended; });
+        return isOver;
+    }));
+    queue.sync([&] { EXPECT_EQ(received, "tally"); });
+    connection->cancel();
+    queue.sync([] {});
+}
+
+} // namespace
+
+} // namespace corvane

@@ -1,0 +1,155 @@
+#include "Model/LabelStore.h"
+#include "support/Files.h"
+#include "support/SpoiltFiles.h"
+
+#include <gtest/gtest.h>
+
+namespace corvane {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+const QUuid router = QUuid::fromString(u"{7A1F0C52-0F6B-4F9E-9C55-1C0E51B1D0AA}");
+const QString routerKey = u"7A1F0C52-0F6B-4F9E-9C55-1C0E51B1D0AA"_s;
+
+class LabelStoreTest : public testing::Test {
+protected:
+    [[nodiscard]] QByteArray file() const { return readFile(m_folder.path(u"labels.json"_s)); }
+    [[nodiscard]] PortLabels labels() const { return m_store.byConnection().value(routerKey); }
+    /// What the next start would find.
+    [[nodiscard]] QHash<QString, PortLabels> reloaded() const
+    {
+        return LabelStore(m_folder.path()).byConnection();
+    }
+
+    TemporaryFolder m_folder;
+    LabelStore m_store{m_folder.path()};
+};
+
+TEST_F(LabelStoreTest, WritesEachLabelUnderItsRouterKindAndIndex)
+{
+    m_store.set(u"CAM 1"_s, PortKind::source, 0, router);
+    m_store.set(u"PGM"_s, PortKind::destination, 3, router);
+    EXPECT_EQ(file(),
+        R"({"7A1F0C52-0F6B-4F9E-9C55-1C0E51B1D0AA":{"sources":{"0":"CAM 1"},"destinations":{"3":"PGM"}}})");
+}
+
+TEST_F(LabelStoreTest, TrimsALabelAndTakesABlankOneForNone)
+{
+    struct Case {
+        std::optional<QString> label;
+        QHash<QString, QString> expected;
+    };
+    const Case cases[] = {
+        {u"  Cam 1\n"_s, {{u"7"_s, u"Cam 1"_s}}},
+        {u"\u00a0Cam  2\t"_s, {{u"7"_s, u"Cam  2"_s}}},
+        {u" \n "_s, {}},
+        {u"Cam 3"_s, {{u"7"_s, u"Cam 3"_s}}},
+        {std::nullopt, {}},
+        {std::nullopt, {}},
+    };
+    for (const auto& c : cases) {
+        m_store.set(c.label, PortKind::source, 7, router);
+        EXPECT_EQ(labels().sources, c.expected);
+        EXPECT_EQ(reloaded(), m_store.byConnection());
+    }
+    EXPECT_EQ(file(), "{}");
+}
+
+TEST_F(LabelStoreTest, KeepsARoutersEntryAsLongAsItHasALabelOfEitherKind)
+{
+    m_store.set(u"a"_s, PortKind::source, 1, router);
+    m_store.set(u"b"_s, PortKind::destination, 1, router);
+    m_store.set(std::nullopt, PortKind::source, 1, router);
+    EXPECT_EQ(labels(), (PortLabels{{}, {{u"1"_s, u"b"_s}}}));
+    m_store.set(std::nullopt, PortKind::destination, 1, router);
+    EXPECT_TRUE(m_store.byConnection().isEmpty());
+}
+
+TEST_F(LabelStoreTest, MergesByAddingAndOverwritingAndNeverClears)
+{
+    m_store.set(u"old"_s, PortKind::source, 0, router);
+    m_store.set(u"kept"_s, PortKind::source, 1, router);
+    m_store.merge(
+        {{{0, u" new "_s}, {1, u" \n"_s}, {999'999, u"beyond"_s}}, {{1, u"PGM"_s}, {2, u""_s}}}, router);
+    EXPECT_EQ(labels(),
+        (PortLabels{
+            {{u"0"_s, u"new"_s}, {u"1"_s, u"kept"_s}, {u"999999"_s, u"beyond"_s}}, {{u"1"_s, u"PGM"_s}}}));
+    EXPECT_EQ(reloaded(), m_store.byConnection());
+}
+
+TEST_F(LabelStoreTest, SavesAlsoWhenNothingChanged)
+{
+    const QUuid other = QUuid::createUuid();
+    m_store.merge({{{0, u" "_s}}, {}}, other);
+    EXPECT_EQ(file(), "{}");
+    writeFile(m_folder.path(u"labels.json"_s), "overwritten");
+    m_store.set(std::nullopt, PortKind::source, 0, other);
+    EXPECT_EQ(file(), "{}");
+}
+
+TEST_F(LabelStoreTest, ForgetsARouterAndNoOther)
+{
+    const QUuid other = QUuid::createUuid();
+    m_store.set(u"a"_s, PortKind::source, 1, router);
+    m_store.set(u"b"_s, PortKind::source, 1, other);
+    m_store.removeConnection(router);
+    EXPECT_EQ(m_store.byConnection().keys(), QStringList(idText(other)));
+    EXPECT_EQ(reloaded(), m_store.byConnection());
+}
+
+TEST(LabelStoreFile, IsTakenAsItStandsOrNotAtAll)
+{
+    struct Case {
+        const char* text;
+        bool isGood;
+    };
+    const Case cases[] = {
+        {"{}", true},
+        {R"({"X":{"sources":{},"destinations":{}}})", true},
+        {R"({"X":{"sources":{"007":" a "},"destinations":{}}})", true},
+        {R"({"X":{"sources":{},"destinations":{},"other":[1]}})", true},
+        {"", false},
+        {"[]", false},
+        {R"({"X":{"sources":{}}})", false},
+        {R"({"X":{"sources":{},"destinations":null}})", false},
+        {R"({"X":{"sources":{"0":5},"destinations":{}}})", false},
+        {R"({"X":{"sources":{"0":null},"destinations":{}}})", false},
+        {R"({"X":{"sources":["a"],"destinations":{}}})", false},
+        {R"({"good":{"sources":{},"destinations":{}},"X":5})", false},
+    };
+    for (const auto& c : cases) {
+        const TemporaryFolder folder;
+        writeFile(folder.path(u"labels.json"_s), c.text);
+        const auto printed = printedBy([&] {
+            EXPECT_EQ(
+                LabelStore(folder.path()).byConnection().isEmpty(), !c.isGood || QByteArray(c.text) == "{}")
+                << c.text;
+        });
+        EXPECT_EQ(printed.starts_with("LabelStore: unreadable labels.json moved to labels.json.corrupt — "),
+            !c.isGood)
+            << c.text << ": " << printed;
+    }
+}
+
+TEST(LabelStoreFile, KeepsEntriesThatNobodyAsksFor)
+{
+    const TemporaryFolder folder;
+    writeFile(folder.path(u"labels.json"_s), R"({"X \"y\"":{"sources":{"007":" a "},"destinations":{}}})");
+    LabelStore(folder.path()).removeConnection(router);
+    EXPECT_EQ(readFile(folder.path(u"labels.json"_s)),
+        R"({"X \"y\"":{"sources":{"007":" a "},"destinations":{}}})");
+}
+
+TEST(LabelStoreFile, IsWholeOrMovedAsideHoweverItIsSpoilt)
+{
+    expectWholeOrMovedAside({u"labels.json"_s,
+        R"({"7A1F0C52-0F6B-4F9E-9C55-1C0E51B1D0AA":{"sources":{"0":"CAM 1","7":"Ä \"x\""},"destinations":{"3":"PGM"}},)"
+        R"("0D9B7F1C-52E8-4C0B-8E0A-57A1D2E1C3F4":{"sources":{},"destinations":{"12":"MON"}}})",
+        "{}", [](const QString& folder) { LabelStore(folder).removeConnection(QUuid()); }});
+}
+
+} // namespace
+
+} // namespace corvane

@@ -1,0 +1,80 @@
+#include "Views/CrosspointMatrixView.h"
+#include "support/ControllerTest.h"
+
+#include <QQmlEngine>
+#include <QQmlExtensionPlugin>
+#include <QQuickView>
+
+Q_IMPORT_QML_PLUGIN(Corvane_ThemePlugin)
+Q_IMPORT_QML_PLUGIN(Corvane_ViewsPlugin)
+
+namespace corvane {
+
+namespace {
+
+class CrosspointGridQmlTest : public ControllerTest {
+protected:
+    void SetUp() override
+    {
+        connectTo(matrix(64, 64));
+        QObject::connect(window.engine(), &QQmlEngine::warnings, &window,
+            [](const QList<QQmlError>& errors) { ADD_FAILURE() << errors.first().toString().toStdString(); });
+        window.engine()->addImportPath(QStringLiteral(":/qt/qml"));
+        window.setResizeMode(QQuickView::SizeRootObjectToView);
+        window.resize(800, 500);
+        window.setInitialProperties({{QStringLiteral("controller"), QVariant::fromValue(controller.get())},
+            {QStringLiteral("cellSize"), 44}, {QStringLiteral("controlBarClearance"), 60}});
+        window.setSource(QUrl(QStringLiteral("qrc:/qt/qml/Corvane/Views/CrosspointGrid.qml")));
+        window.show();
+        window.grabWindow();
+        view = window.rootObject()->findChild<CrosspointMatrixView*>();
+    }
+
+    [[nodiscard]] QObject* find(const char* className) const
+    {
+        for (QObject* const object : window.rootObject()->findChildren<QObject*>())
+            if (object->inherits(className))
+                return object;
+        return nullptr;
+    }
+
+    static QQuickItem* entry(QObject* menu, int position)
+    {
+        QQuickItem* item = nullptr;
+        QMetaObject::invokeMethod(menu, "itemAt", Q_RETURN_ARG(QQuickItem*, item), Q_ARG(int, position));
+        return item;
+    }
+
+    QQuickView window;
+    CrosspointMatrixView* view = nullptr;
+};
+
+TEST_F(CrosspointGridQmlTest, ShowsTheMenuThatTheGridAsksForAndDoesWhatIsChosen)
+{
+    view->setFocusPlace({2, GridPlace::header});
+    QKeyEvent menuKey(QEvent::KeyPress, Qt::Key_Menu, Qt::NoModifier);
+    QCoreApplication::sendEvent(view, &menuKey);
+
+    QObject* const menu = find("QQuickMenu");
+    ASSERT_NE(menu, nullptr);
+    ASSERT_EQ(menu->property("count"), 2);
+    EXPECT_EQ(entry(menu, 1)->property("text"), QStringLiteral("Lock"));
+    QMetaObject::invokeMethod(entry(menu, 1), "triggered");
+    EXPECT_EQ(told(), std::vector<std::string>{"setLock 2 0 true"});
+}
+
+TEST_F(CrosspointGridQmlTest, MovesTheScrollBarsWithTheGrid)
+{
+    std::vector<double> positions;
+    view->scrollTo({view->contentWidth(), 0});
+    for (QObject* const bar : window.rootObject()->findChildren<QObject*>())
+        if (bar->inherits("QQuickScrollBar"))
+            positions.push_back(bar->property("position").toDouble() + bar->property("size").toDouble());
+    ASSERT_EQ(positions.size(), 2U);
+    EXPECT_NEAR(std::ranges::max(positions), 1, 0.001) << "at the end";
+    EXPECT_LT(std::ranges::min(positions), 0.2) << "at the top";
+}
+
+} // namespace
+
+} // namespace corvane

@@ -1,0 +1,103 @@
+#pragma once
+
+#include "Controllers/MatrixController.h"
+#include "Model/LabelStore.h"
+#include "Model/PanelStore.h"
+#include "Model/SalvoStore.h"
+#include "support/FakeDriver.h"
+#include "support/Files.h"
+#include "support/ManualQueue.h"
+
+#include <gmock/gmock.h>
+
+namespace corvane {
+
+/// A router of this size: sources "In 1"…, destinations "Out 1"…, each destination d fed by source d on every
+/// level as far as there are sources.
+inline RouterState matrix(qint64 sources, qint64 destinations, qint64 levels = 1)
+{
+    RouterState state;
+    for (qint64 i = 0; i < sources; ++i)
+        state.sources.append({i, PortKind::source, QStringLiteral("In %1").arg(i + 1)});
+    for (qint64 i = 0; i < destinations; ++i)
+        state.destinations.append({i, PortKind::destination, QStringLiteral("Out %1").arg(i + 1)});
+    for (qint64 level = 0; level < levels; ++level) {
+        state.levels.append({level, QStringLiteral("Level %1").arg(level), LevelKind::video});
+        for (qint64 i = 0; i < std::min(sources, destinations); ++i)
+            state.routing[level].insert(i, i);
+    }
+    return state;
+}
+
+/// A controller whose drivers do as the test says and whose time stands still.
+class ControllerTest : public testing::Test {
+protected:
+    [[nodiscard]] std::shared_ptr<MatrixController> makeController()
+    {
+        return std::make_shared<MatrixController>(
+            router, MatrixController::Environment{queue, maker(), labels, salvos, panels});
+    }
+
+    /// Brings the controller up on a router in this state, and forgets how it got there.
+    void connectTo(const RouterState& state)
+    {
+        controller->connect();
+        report(driverEvent::Connected{state});
+        driver().calls.clear();
+    }
+
+    void report(RouterDriverEvent event)
+    {
+        driver().report(std::move(event));
+        queue.runReady();
+    }
+
+    [[nodiscard]] FakeDriver& driver() { return *drivers.back(); }
+
+    /// What the driver has been told since the last call.
+    [[nodiscard]] std::vector<std::string> told()
+    {
+        queue.runReady();
+        return std::exchange(driver().calls, {});
+    }
+
+    [[nodiscard]] QString lastError() const { return controller->lastError().value_or(QString()); }
+
+    ManualQueue queue;
+    RouterConnection router;
+    TemporaryFolder folder;
+    LabelStore labels{folder.path()};
+    SalvoStore salvos{folder.path()};
+    PanelStore panels{folder.path()};
+    /// One for each `connect`.
+    std::vector<std::shared_ptr<FakeDriver>> drivers;
+    std::shared_ptr<MatrixController> controller = makeController();
+
+private:
+    [[nodiscard]] DriverMaker maker()
+    {
+        return [this](const RouterConnection&) {
+            drivers.push_back(std::make_shared<FakeDriver>());
+            return drivers.back();
+        };
+    }
+};
+
+/// Counts how often a controller tells of one thing.
+template <typename Signal>
+class Telling {
+public:
+    Telling(MatrixController& controller, Signal signal)
+    {
+        QObject::connect(&controller, signal, &m_context, [this] { ++m_count; });
+    }
+
+    /// Since the last call.
+    [[nodiscard]] int count() { return std::exchange(m_count, 0); }
+
+private:
+    QObject m_context;
+    int m_count = 0;
+};
+
+} // namespace corvane
