@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Drivers/BlockReader.h"
+#include "Drivers/DelimitedReader.h"
 #include "Drivers/PortTable.h"
 #include "Drivers/ProtocolParser.h"
 #include "Drivers/RouterDriver.h"
@@ -87,7 +87,7 @@ private:
     SerialQueue& m_queue;
     const RouterEventStream m_events;
     std::function<void()> m_onResyncNeeded;
-    BlockReader m_reader;
+    DelimitedReader m_reader{"\n\n", CarriageReturn::dropped};
     /// Absent once `Connected` has gone out.
     std::optional<VideohubPrelude> m_prelude;
     PortTable<char> m_locks;
