@@ -13,14 +13,14 @@ namespace corvane::emulator {
 
 std::unique_ptr<QSocketNotifier> quitOnTermination()
 {
-    sigset_t signals;
-    sigemptyset(&signals);
-    sigaddset(&signals, SIGTERM);
-    sigaddset(&signals, SIGINT);
-    const int descriptor = signalfd(-1, &signals, SFD_CLOEXEC);
+    sigset_t handled;
+    sigemptyset(&handled);
+    sigaddset(&handled, SIGTERM);
+    sigaddset(&handled, SIGINT);
+    const int descriptor = signalfd(-1, &handled, SFD_CLOEXEC);
     if (descriptor < 0)
         return nullptr;
-    pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+    pthread_sigmask(SIG_BLOCK, &handled, nullptr);
     auto notifier = std::make_unique<QSocketNotifier>(descriptor, QSocketNotifier::Read);
     QObject::connect(
         notifier.get(), &QSocketNotifier::activated, QCoreApplication::instance(), &QCoreApplication::quit);
