@@ -1,9 +1,9 @@
 #include "Controllers/MatrixController.h"
-#include "Drivers/SimulatorDriver.h"
 #include "Foundation/EventLoopQueue.h"
 #include "Model/LabelStore.h"
 #include "Model/PanelStore.h"
 #include "Model/SalvoStore.h"
+#include "bench/BurstDriver.h"
 #include "bench/Row.h"
 
 #include <QCoreApplication>
@@ -21,43 +21,6 @@ namespace {
 
 constexpr int burst = 1'000'000;
 constexpr int ports = 1024;
-
-/// Speaks when the bench says so.
-class BurstDriver final : public RouterDriver {
-public:
-    explicit BurstDriver(RouterState state) : m_state(std::move(state)) { }
-
-    QCoro::Task<> connect() override
-    {
-        yield(driverEvent::Connected{m_state});
-        co_return;
-    }
-    QCoro::Task<> disconnect() override { co_return; }
-    QCoro::Task<> take(qint64, qint64, qint64) override { co_return; }
-    QCoro::Task<> setLock(qint64, qint64, bool) override { co_return; }
-    QCoro::Task<> setLabel(QString, qint64, PortKind) override { co_return; }
-
-    /// As a router would: each tally differs from the one before it.
-    void burstOfTallies(int count) const
-    {
-        for (int i = 0; i < count; ++i)
-            yield(driverEvent::RouteChanged{0, i % ports, (i / ports) % ports});
-    }
-
-private:
-    const RouterState m_state;
-};
-
-RouterState largeState()
-{
-    RouterState state;
-    state.levels = {{0, QStringLiteral("Video"), LevelKind::video}};
-    for (qint64 i = 0; i < ports; ++i) {
-        state.sources.append({i, PortKind::source, QStringLiteral("Source %1").arg(i)});
-        state.destinations.append({i, PortKind::destination, QStringLiteral("Destination %1").arg(i)});
-    }
-    return state;
-}
 
 /// Fires on every turn of the event loop and notes the longest gap between two.
 class Heartbeat {
@@ -80,12 +43,6 @@ private:
     qint64 m_longest = 0;
 };
 
-void pumpUntil(const auto& condition)
-{
-    while (!condition())
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-}
-
 struct Result {
     double eventsPerSecond;
     double longestHold;
@@ -98,19 +55,19 @@ Result measure()
     LabelStore labels(folder.path());
     SalvoStore salvos(folder.path());
     PanelStore panels(folder.path());
-    const auto driver = std::make_shared<BurstDriver>(largeState());
+    const auto driver = std::make_shared<bench::BurstDriver>(bench::largeState(ports));
     const auto controller = std::make_shared<MatrixController>(RouterConnection{},
         MatrixController::Environment{queue, [&](const auto&) { return driver; }, labels, salvos, panels});
     int told = 0;
     QObject::connect(controller.get(), &MatrixController::crosspointChanged, [&] { ++told; });
     controller->connect();
-    pumpUntil([&] { return controller->isConnected(); });
+    bench::pumpUntil([&] { return controller->isConnected(); });
 
     const Heartbeat heartbeat;
     QElapsedTimer timer;
     timer.start();
-    const std::jthread producer([&] { driver->burstOfTallies(burst); });
-    pumpUntil([&] { return told == burst; });
+    const std::jthread producer([&] { driver->burstOfTallies(burst, ports); });
+    bench::pumpUntil([&] { return told == burst; });
     return {burst / (static_cast<double>(timer.nsecsElapsed()) / 1e9), heartbeat.longestMilliseconds()};
 }
 

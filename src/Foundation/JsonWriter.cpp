@@ -1,5 +1,6 @@
 #include "Foundation/JsonWriter.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -117,12 +118,16 @@ void JsonWriter::separate()
 void JsonWriter::quote(const QString& text)
 {
     m_buffer += '"';
-    for (const char byte : text.toUtf8()) {
-        if (isPlain(byte))
-            m_buffer += byte;
-        else
-            m_buffer += escaped(byte);
+    const auto bytes = text.toUtf8();
+    const std::string_view all(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+    auto copied = all.begin();
+    for (auto special = std::ranges::find_if_not(all, isPlain); special != all.end();
+         special = std::find_if_not(copied, all.end(), isPlain)) {
+        m_buffer.append(copied, special);
+        m_buffer += escaped(*special);
+        copied = special + 1;
     }
+    m_buffer.append(copied, all.end());
     m_buffer += '"';
 }
 

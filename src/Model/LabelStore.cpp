@@ -62,6 +62,7 @@ LabelStore::LabelStore(const QString& folder)
         JsonFile::MovedAside::namesTheCopy)
 {
     m_file.load([this](const QByteArray& bytes) { m_byConnection = decode(bytes); });
+    prepareTexts();
 }
 
 void LabelStore::set(
@@ -103,12 +104,21 @@ void LabelStore::commit(const PortLabels& labels, const QUuid& connectionID)
 
 void LabelStore::save()
 {
-    m_file.save([this](JsonWriter& writer) {
-        writer.beginObject();
-        for (auto entry = m_byConnection.cbegin(); entry != m_byConnection.cend(); ++entry)
-            m_texts.write(writer, entry.key(), [&](JsonWriter& member) { writeJson(member, entry.value()); });
-        writer.endObject();
-    });
+    m_file.save([this](JsonWriter& writer) { write(writer); });
+}
+
+void LabelStore::prepareTexts()
+{
+    JsonWriter nowhere([](QByteArrayView) {});
+    write(nowhere);
+}
+
+void LabelStore::write(JsonWriter& writer)
+{
+    writer.beginObject();
+    for (auto entry = m_byConnection.cbegin(); entry != m_byConnection.cend(); ++entry)
+        m_texts.write(writer, entry.key(), [&](JsonWriter& member) { writeJson(member, entry.value()); });
+    writer.endObject();
 }
 
 } // namespace corvane

@@ -40,6 +40,9 @@ private:
     /// An empty record is no record.
     void commit(const PortLabels& labels, const QUuid& connectionID);
     void save();
+    void write(JsonWriter& writer);
+    /// So that the first change after the start costs no more than any other.
+    void prepareTexts();
 
     JsonFile m_file;
     QHash<QString, PortLabels> m_byConnection;

@@ -58,6 +58,7 @@ PanelStore::PanelStore(const QString& folder)
         JsonFile::MovedAside::staysShort)
 {
     m_file.load([this](const QByteArray& bytes) { m_content = decode(bytes); });
+    prepareTexts();
 }
 
 QList<SubPanel> PanelStore::panels(const QUuid& connectionID) const
@@ -149,17 +150,26 @@ void PanelStore::panelsChanged(const QString& key)
 
 void PanelStore::save()
 {
-    m_file.save([this](JsonWriter& writer) {
-        writer.beginObject();
-        writer.key("panels");
-        writer.beginObject();
-        for (auto entry = m_content.panels.cbegin(); entry != m_content.panels.cend(); ++entry)
-            m_texts.write(writer, entry.key(), [&](JsonWriter& member) { writeJson(member, entry.value()); });
-        writer.endObject();
-        writer.key("active");
-        writeJson(writer, m_content.active);
-        writer.endObject();
-    });
+    m_file.save([this](JsonWriter& writer) { write(writer); });
+}
+
+void PanelStore::prepareTexts()
+{
+    JsonWriter nowhere([](QByteArrayView) {});
+    write(nowhere);
+}
+
+void PanelStore::write(JsonWriter& writer)
+{
+    writer.beginObject();
+    writer.key("panels");
+    writer.beginObject();
+    for (auto entry = m_content.panels.cbegin(); entry != m_content.panels.cend(); ++entry)
+        m_texts.write(writer, entry.key(), [&](JsonWriter& member) { writeJson(member, entry.value()); });
+    writer.endObject();
+    writer.key("active");
+    writeJson(writer, m_content.active);
+    writer.endObject();
 }
 
 } // namespace corvane

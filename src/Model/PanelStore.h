@@ -46,6 +46,9 @@ private:
     static Content decode(const QByteArray& bytes);
     void panelsChanged(const QString& key);
     void save();
+    void write(JsonWriter& writer);
+    /// So that the first change after the start costs no more than any other.
+    void prepareTexts();
 
     JsonFile m_file;
     Content m_content;

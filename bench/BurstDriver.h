@@ -1,0 +1,53 @@
+#pragma once
+
+#include "Drivers/RouterDriver.h"
+
+#include <QCoreApplication>
+
+namespace corvane::bench {
+
+/// A router that speaks when the bench says so, and takes every command.
+class BurstDriver final : public RouterDriver {
+public:
+    explicit BurstDriver(RouterState state) : m_state(std::move(state)) { }
+
+    QCoro::Task<> connect() override
+    {
+        yield(driverEvent::Connected{m_state});
+        co_return;
+    }
+    QCoro::Task<> disconnect() override { co_return; }
+    QCoro::Task<> take(qint64, qint64, qint64) override { co_return; }
+    QCoro::Task<> setLock(qint64, qint64, bool) override { co_return; }
+    QCoro::Task<> setLabel(QString, qint64, PortKind) override { co_return; }
+
+    /// As a router would: each tally differs from the one before it.
+    void burstOfTallies(int count, int ports) const
+    {
+        for (int i = 0; i < count; ++i)
+            yield(driverEvent::RouteChanged{0, i % ports, (i / ports) % ports});
+    }
+
+private:
+    const RouterState m_state;
+};
+
+/// One level, as many sources as destinations, nothing routed.
+inline RouterState largeState(qint64 ports)
+{
+    RouterState state;
+    state.levels = {{0, QStringLiteral("Video"), LevelKind::video}};
+    for (qint64 i = 0; i < ports; ++i) {
+        state.sources.append({i, PortKind::source, QStringLiteral("Source %1").arg(i)});
+        state.destinations.append({i, PortKind::destination, QStringLiteral("Destination %1").arg(i)});
+    }
+    return state;
+}
+
+void pumpUntil(const auto& condition)
+{
+    while (!condition())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
+} // namespace corvane::bench
