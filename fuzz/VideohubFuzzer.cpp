@@ -1,0 +1,13 @@
+#include "Drivers/VideohubParser.h"
+#include "fuzz/ParserFuzzing.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size)
+{
+    using namespace corvane;
+    fuzz::playConversation({data, size}, [](SerialQueue& queue, const RouterEventStream& events) {
+        const auto parser = std::make_shared<VideohubParser>(QStringLiteral("Hub"), queue, events);
+        parser->onResyncNeeded([weak = std::weak_ptr(parser)] { (void)weak.lock()->resyncQuery(); });
+        return parser;
+    });
+    return 0;
+}
