@@ -4,12 +4,12 @@
 #include "Model/PanelStore.h"
 #include "Model/SalvoStore.h"
 #include "bench/BurstDriver.h"
+#include "bench/Heartbeat.h"
 #include "bench/Row.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QTemporaryDir>
-#include <QTimer>
 
 #include <thread>
 
@@ -21,27 +21,6 @@ namespace {
 
 constexpr int burst = 1'000'000;
 constexpr int ports = 1024;
-
-/// Fires on every turn of the event loop and notes the longest gap between two.
-class Heartbeat {
-public:
-    Heartbeat()
-    {
-        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] {
-            m_longest = std::max(m_longest, m_sinceLast.nsecsElapsed());
-            m_sinceLast.start();
-        });
-        m_timer.start(0);
-        m_sinceLast.start();
-    }
-
-    double longestMilliseconds() const { return static_cast<double>(m_longest) / 1e6; }
-
-private:
-    QTimer m_timer;
-    QElapsedTimer m_sinceLast;
-    qint64 m_longest = 0;
-};
 
 struct Result {
     double eventsPerSecond;
@@ -63,7 +42,7 @@ Result measure()
     controller->connect();
     bench::pumpUntil([&] { return controller->isConnected(); });
 
-    const Heartbeat heartbeat;
+    const bench::Heartbeat heartbeat;
     QElapsedTimer timer;
     timer.start();
     const std::jthread producer([&] { driver->burstOfTallies(burst, ports); });

@@ -5,10 +5,10 @@
 #include "Model/SalvoStore.h"
 #include "Theme/Fonts.h"
 #include "Views/CrosspointMatrixView.h"
+#include "bench/Process.h"
 #include "bench/Row.h"
 
 #include <QElapsedTimer>
-#include <QFile>
 #include <QGuiApplication>
 #include <QOffscreenSurface>
 #include <QOpenGLContext>
@@ -234,17 +234,6 @@ int measureFrames(std::string_view renderer)
     return 0;
 }
 
-double residentMegabytes()
-{
-    QFile status(QStringLiteral("/proc/self/status"));
-    if (!status.open(QIODevice::ReadOnly))
-        return 0;
-    for (const QByteArray& line : status.readAll().split('\n'))
-        if (line.startsWith("VmRSS:"))
-            return line.mid(6).trimmed().split(' ').first().toDouble() / 1024;
-    return 0;
-}
-
 /// Prints the number alone, for the process that compares.
 int measureMemory(qint64 side)
 {
@@ -252,7 +241,7 @@ int measureMemory(qint64 side)
     Grid grid(renderer, {side, side});
     renderer.frame();
     scroll(renderer, grid.view());
-    std::cout << residentMegabytes() << '\n';
+    std::cout << bench::residentMebibytes() << '\n';
     return 0;
 }
 
