@@ -21,11 +21,18 @@ public:
     QCoro::Task<> setLock(qint64, qint64, bool) override { co_return; }
     QCoro::Task<> setLabel(QString, qint64, PortKind) override { co_return; }
 
-    /// As a router would: each tally differs from the one before it.
+    /// As a router would: each tally differs from the one before it, and all that one delivery of the network
+    /// brought is handed on at once.
     void burstOfTallies(int count, int ports) const
     {
-        for (int i = 0; i < count; ++i)
-            yield(driverEvent::RouteChanged{0, i % ports, (i / ports) % ports});
+        constexpr std::size_t delivery = 1000;
+        std::vector<RouterDriverEvent> heard;
+        for (int i = 0; i < count; ++i) {
+            heard.emplace_back(driverEvent::RouteChanged{0, i % ports, (i / ports) % ports});
+            if (heard.size() == delivery)
+                events().yield(std::move(heard));
+        }
+        events().yield(std::move(heard));
     }
 
 private:

@@ -2,7 +2,10 @@
 
 #include "Foundation/SerialQueue.h"
 
+#include <algorithm>
+#include <deque>
 #include <functional>
+#include <iterator>
 #include <memory>
 #include <mutex>
 #include <stop_token>
@@ -29,7 +32,7 @@ public:
     /// Appends one event; does nothing once the stream is finished.
     void yield(Event event) const
     {
-        append([&](auto& pending) { pending.push_back(std::move(event)); });
+        append([&](State& state) { lastChunk(state).push_back(std::move(event)); });
     }
 
     /// Appends all of `events` in order under one lock, and leaves `events` empty. While the consumer keeps
@@ -39,15 +42,15 @@ public:
     {
         if (events.empty())
             return;
-        append([&](auto& pending) {
-            if (pending.empty())
-                std::swap(pending, events);
-            else
-                pending.insert(pending.end(), std::make_move_iterator(events.begin()),
-                    std::make_move_iterator(events.end()));
+        append([&](State& state) {
+            if (!state.pending.empty() && state.pending.back().size() + events.size() <= chunkSize) {
+                std::ranges::move(events, std::back_inserter(state.pending.back()));
+                return;
+            }
+            state.pending.push_back(std::move(events));
+            events = std::exchange(state.spare, {});
         });
-        if (!events.empty())
-            events = {};
+        events.clear();
     }
 
     /// Drops whatever is yielded from here on. What was yielded before still reaches the consumer.
@@ -71,12 +74,19 @@ public:
     }
 
 private:
+    using Chunk = std::vector<Event>;
+
+    /// Single events pile up in chunks of this many, so that a backlog neither moves when it grows, which
+    /// would keep both sides waiting, nor is destroyed all at once.
+    static constexpr std::size_t chunkSize = 1024;
     /// Room for more events than this is given back after a burst.
     static constexpr std::size_t keptRoom = 8192;
 
     struct State {
         std::mutex mutex;
-        std::vector<Event> pending;
+        std::deque<Chunk> pending;
+        /// An empty chunk with room, if there is one.
+        Chunk spare;
         bool finished = false;
         bool hopScheduled = false;
         SerialQueue* queue = nullptr;
@@ -84,7 +94,7 @@ private:
         std::stop_token stop;
         std::function<void(Event&&)> handler;
         // Taken over from `pending`, touched on the queue only.
-        std::vector<Event> batch;
+        Chunk batch;
         std::size_t handled = 0;
     };
 
@@ -94,9 +104,18 @@ private:
         const std::lock_guard lock(m_state->mutex);
         if (m_state->finished)
             return;
-        add(m_state->pending);
+        add(*m_state);
         if (m_state->queue)
             scheduleLocked(m_state);
+    }
+
+    static Chunk& lastChunk(State& state)
+    {
+        if (state.pending.empty() || state.pending.back().size() >= chunkSize) {
+            state.pending.push_back(std::exchange(state.spare, {}));
+            state.pending.back().reserve(chunkSize);
+        }
+        return state.pending.back();
     }
 
     static void scheduleLocked(const std::shared_ptr<State>& state)
@@ -138,7 +157,8 @@ private:
             state.hopScheduled = false;
             return false;
         }
-        std::swap(state.batch, state.pending);
+        state.spare = std::exchange(state.batch, std::move(state.pending.front()));
+        state.pending.pop_front();
         return true;
     }
 
