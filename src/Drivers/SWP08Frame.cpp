@@ -13,9 +13,9 @@ quint8 sum(std::string_view bytes)
 
 } // namespace
 
-QByteArray swp08::frame(QByteArray payload)
+QByteArray swp08::frame(const QByteArray& payload)
 {
-    auto& body = payload;
+    auto body = payload;
     body.append(static_cast<char>(body.size()));
     body.append(static_cast<char>(-sum({body.constData(), static_cast<std::size_t>(body.size())})));
 

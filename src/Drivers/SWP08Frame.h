@@ -21,7 +21,7 @@ inline constexpr std::size_t longestBody = 257;
 
 /// The payload, of at most 255 bytes, as it goes over the wire: DLE STX, then payload, count and checksum
 /// with every DLE among them doubled, then DLE ETX.
-[[nodiscard]] QByteArray frame(QByteArray payload);
+[[nodiscard]] QByteArray frame(const QByteArray& payload);
 
 /// Whether a body has a payload, and count and checksum agree with it.
 [[nodiscard]] bool isSound(std::string_view body);
