@@ -1,11 +1,13 @@
 #include "Drivers/PortNames.h"
 
+#include <QStringBuilder>
+
 namespace corvane {
 
 QString numberedLabel(PortKind kind, qint64 index)
 {
-    const auto text = kind == PortKind::source ? QStringLiteral("In %1") : QStringLiteral("Out %1");
-    return text.arg(index + 1);
+    const auto stem = kind == PortKind::source ? QLatin1StringView("In ") : QLatin1StringView("Out ");
+    return stem % QString::number(index + 1);
 }
 
 QList<RouterLevel> onlyVideoLevel()

@@ -23,11 +23,11 @@ bool isAscii(char byte)
 /// How many bytes of letters the text begins with.
 std::size_t letterRun(std::string_view text)
 {
-    const auto end = std::ranges::find_if_not(text, isAsciiLetter);
+    const auto* const end = std::ranges::find_if_not(text, isAsciiLetter);
     if (end == text.end() || isAscii(*end))
         return static_cast<std::size_t>(end - text.begin());
     const auto decoded = text::fromDevice(text);
-    const auto letters = std::ranges::find_if_not(decoded, [](QChar sign) { return sign.isLetter(); });
+    const auto* const letters = std::ranges::find_if_not(decoded, [](QChar sign) { return sign.isLetter(); });
     return static_cast<std::size_t>(QStringView(decoded.cbegin(), letters - decoded.begin()).toUtf8().size());
 }
 

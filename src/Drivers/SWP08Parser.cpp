@@ -141,7 +141,7 @@ void SWP08Parser::handleRefusal()
 
 void SWP08Parser::abortPendingConnect(qint64 destination)
 {
-    const auto found = std::find_if(
+    const auto found = std::ranges::find_if(
         m_pendingCommands.rbegin(), m_pendingCommands.rend(), [&](const PendingCommand& pending) {
             const auto* const route = std::get_if<Connect>(&pending);
             return route && route->destination == destination;

@@ -134,42 +134,12 @@ TEST(QuartzParser, SaysTheSameHoweverTheStreamIsCut)
     }
 }
 
-TEST(QuartzParser, ConnectsWithWhatTheRouterAnswered)
-{
-    struct Case {
-        const char* name;
-        std::string answers;
-        std::string routes;
-    };
-    const Case cases[] = {
-        {"one answer", ".AV2,4\r", " 1=3"},
-        {"the later word", ".AV2,4\r.UV2,1\r", " 1=0"},
-        {"any order", ".AV3,1\r.AV1,3\r", " 0=2 2=0"},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
-        Router router;
-        router.parser.begin();
-        EXPECT_THAT(router.hear(c.answers), IsEmpty());
-        EXPECT_THAT(router.wait(999ms), IsEmpty());
-        EXPECT_THAT(router.wait(1ms), ElementsAre(connected + c.routes));
-    }
-}
-
 TEST(QuartzParser, DoesNotTakeABadAnswerForTheProtocol)
 {
     Router router;
     router.parser.begin();
     EXPECT_THAT(router.hear(".AV0,1\r.AV3,0\r.A3,1\r.AV3\r?\r.P\rlogin: \r"), ElementsAre(refusal));
     EXPECT_THAT(router.wait(5s), ElementsAre(testing::StartsWith("error ")));
-}
-
-TEST(QuartzParser, TakesNumbersTooHighForTheProtocolAllTheSame)
-{
-    Router router;
-    router.parser.begin();
-    EXPECT_THAT(router.hear(".AV999,1\r.AV1,999\r"), ElementsAre(beyond));
-    EXPECT_THAT(router.wait(1h), IsEmpty());
 }
 
 TEST(QuartzParser, WritesTakesWithPortsFromOne)

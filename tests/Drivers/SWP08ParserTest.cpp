@@ -252,18 +252,6 @@ TEST(SWP08Parser, DoesNotTakeOtherMessagesForAnAnswer)
     EXPECT_THAT(router.wait(5s), ElementsAre(testing::StartsWith("error ")));
 }
 
-TEST(SWP08Parser, WarnsOfPortsBeyondTheSizeOnce)
-{
-    ParserHarness<SWP08Parser> router(studio(1200, 1000));
-    router.parser.begin();
-    EXPECT_THAT(router.hear(message("03 00 77 68 68") + message("03 00 70 68 00")),
-        ElementsAre(
-            "refused The device reports ports beyond the configured 1200×1000 — increase the matrix size"
-            " in this router's settings."));
-    EXPECT_EQ(hex(router.sent).substr(hex(router.sent).size() - 11), "10 06 10 06");
-    EXPECT_THAT(router.wait(1h), IsEmpty());
-}
-
 TEST(SWP08Parser, MatchesAnswersToCommandsByTheirOrder)
 {
     constexpr auto again5 = "10 02 01 00 00 05 04 F6 10 03";
