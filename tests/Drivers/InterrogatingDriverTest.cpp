@@ -165,6 +165,50 @@ TYPED_TEST(InterrogatingDriverTest, WorksOnItsOwnThread)
     EXPECT_TRUE(pumpUntil([&] { return this->router.clientCount() == 0; }));
 }
 
+/// Tells as a refusal which destination's command was not sent.
+class TellTaleParser final : public InterrogatingParser {
+public:
+    TellTaleParser(const RouterConnection& connection, SerialQueue& queue, const RouterEventStream& events)
+        : InterrogatingParser(connection, {u"Babble"_s, RouterVendor::lightware, 100}, queue, events)
+    {
+    }
+
+    QByteArray commandFor(const Route& /*route*/) override { return "take"; }
+
+    void commandNotSent(qint64 destination) override
+    {
+        matrix().refuse(u"not sent: %1"_s.arg(destination));
+        InterrogatingParser::commandNotSent(destination);
+    }
+
+protected:
+    void read(std::string_view /*bytes*/) override { }
+    void interrogate(qint64 /*destination*/) override { say("ask"); }
+};
+
+class TellTaleDriver final : public InterrogatingDriver {
+public:
+    TellTaleDriver(const RouterConnection& connection, SerialQueue& queue)
+        : InterrogatingDriver(std::type_identity<TellTaleParser>{}, connection, queue)
+    {
+    }
+};
+
+/// Its router is of no matter: it closes the line.
+using LostCommandTest = InterrogatingDriverFixture<TellTaleDriver, emulator::QuartzEmulator>;
+
+TEST_F(LostCommandTest, TellsTheParserOfEachCommandThatWasNotSent)
+{
+    const auto running = connecting();
+    EXPECT_TRUE(running->pumpUntilSays(interrogating));
+    EXPECT_TRUE(pumpUntil([&] { return router.clientCount() == 1; }));
+    router.dropClients(EmulatorServer::Drop::InMidMessage);
+    EXPECT_TRUE(running->pumpWithoutQueueUntilSays("disconnected The router closed the connection."));
+    EXPECT_FALSE(outcome(running->driver->takeAll({{0, 7, 1}, {0, 5, 2}})));
+    running->settle();
+    EXPECT_THAT(running->log.all(), testing::IsSupersetOf({"refused not sent: 7", "refused not sent: 5"}));
+}
+
 } // namespace
 
 } // namespace corvane

@@ -168,6 +168,7 @@ TEST(SWP08Parser, AnswersEveryFrameAndReadsReports)
         {"empty", bytes("10 02 10 03"), {}, nak},
         {"two bytes", bytes("10 02 00 00 10 03"), {}, nak},
         {"one byte too long", wire(body(std::string(256, '\x03'))), {}, nak},
+        {"a byte behind the longest", wire(body(std::string(255, '\x03')) + '\0'), {}, nak},
         {"much too long", wire(std::string(100'000, '\0')), {}, nak},
         {"begun again", bytes("10 02 03 00 00 10 02 ") + message("03 00 00 02 05").substr(2), {"route 0:2=5"},
             ack},
