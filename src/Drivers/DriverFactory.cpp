@@ -1,6 +1,8 @@
 #include "Drivers/DriverFactory.h"
 
 #include "Drivers/KumoDriver.h"
+#include "Drivers/QuartzDriver.h"
+#include "Drivers/SWP08Driver.h"
 #include "Drivers/SimulatorDriver.h"
 #include "Drivers/VideohubDriver.h"
 
@@ -51,6 +53,11 @@ std::shared_ptr<RouterDriver> DriverFactory::makeDriver(
         return std::make_shared<SimulatorDriver>(connection, mainQueue);
     case RouterVendor::blackmagicVideohub:
         return std::make_shared<VideohubDriver>(connection);
+    case RouterVendor::rossUltrix:
+    case RouterVendor::genericSWP08:
+        return std::make_shared<SWP08Driver>(connection);
+    case RouterVendor::evertzQuartz:
+        return std::make_shared<QuartzDriver>(connection);
     case RouterVendor::ajaKumo:
         return std::make_shared<KumoDriver>(connection, mainQueue);
     default:

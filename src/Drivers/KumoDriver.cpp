@@ -1,6 +1,7 @@
 #include "Drivers/KumoDriver.h"
 
 #include "Drivers/KumoParser.h"
+#include "Drivers/PortNames.h"
 #include "Foundation/Task.h"
 
 #include <algorithm>
@@ -18,12 +19,6 @@ constexpr NetworkHttpClient::Limits limits{.time = 8s, .bodySize = 262'144};
 // Many times the largest KUMO. A garbled size must not keep us reading for days.
 constexpr qint64 largestSide = 4096;
 constexpr qint64 onlyLevel = 0;
-
-QString defaultLabel(PortKind kind, qint64 index)
-{
-    const auto text = kind == PortKind::source ? QStringLiteral("In %1") : QStringLiteral("Out %1");
-    return text.arg(KumoParser::oneBased(index));
-}
 
 } // namespace
 
@@ -136,7 +131,7 @@ QCoro::Task<qint64> KumoDriver::intParam(QString parameter)
 QCoro::Task<QString> KumoDriver::readLabel(PortKind kind, qint64 index)
 {
     // A name that can't be read is no reason to do without the router.
-    const auto unnamed = defaultLabel(kind, index);
+    const auto unnamed = numberedLabel(kind, index);
     try {
         const auto path = KumoParser::readPath(KumoParser::labelParameter(kind, index));
         const auto value = KumoParser::parameterValue(co_await get(path));
@@ -208,7 +203,7 @@ RouterState KumoDriver::makeState(QList<Port> sources, QList<Port> destinations)
     state.vendor = RouterVendor::ajaKumo;
     state.sources = std::move(sources);
     state.destinations = std::move(destinations);
-    state.levels = {{onlyLevel, QStringLiteral("Video"), LevelKind::video}};
+    state.levels = onlyVideoLevel();
     state.routing.insert(onlyLevel, m_routing);
     return state;
 }

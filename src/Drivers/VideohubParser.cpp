@@ -1,5 +1,6 @@
 #include "Drivers/VideohubParser.h"
 
+#include "Drivers/PortNames.h"
 #include "Foundation/Text.h"
 
 #include <algorithm>
@@ -94,13 +95,13 @@ qint64 lineCount(std::string_view body)
     return std::ranges::count(body, '\n') + 1;
 }
 
-QList<Port> ports(PortKind kind, qint64 count, PortTable<QString> labels, const QString& defaultLabel)
+QList<Port> ports(PortKind kind, qint64 count, PortTable<QString> labels)
 {
     QList<Port> ports;
     ports.reserve(count);
     for (qint64 index = 0; index < count; ++index) {
         auto* const label = labels.find(index);
-        ports.append({index, kind, label ? std::move(*label) : defaultLabel.arg(index + 1)});
+        ports.append({index, kind, label ? std::move(*label) : numberedLabel(kind, index)});
     }
     return ports;
 }
@@ -274,11 +275,9 @@ RouterState VideohubParser::completeState(VideohubPrelude prelude) const
     state.deviceName = prelude.friendlyName.isEmpty() ? m_deviceName : prelude.friendlyName;
     state.model = prelude.model.isEmpty() ? QStringLiteral("Blackmagic Videohub") : prelude.model;
     state.vendor = RouterVendor::blackmagicVideohub;
-    state.sources =
-        ports(PortKind::source, prelude.inputCount, std::move(prelude.inputLabels), QStringLiteral("In %1"));
-    state.destinations = ports(PortKind::destination, prelude.outputCount, std::move(prelude.outputLabels),
-        QStringLiteral("Out %1"));
-    state.levels = {{0, QStringLiteral("Video"), LevelKind::video}};
+    state.sources = ports(PortKind::source, prelude.inputCount, std::move(prelude.inputLabels));
+    state.destinations = ports(PortKind::destination, prelude.outputCount, std::move(prelude.outputLabels));
+    state.levels = onlyVideoLevel();
     state.routing.insert(0, prelude.routing);
     m_locks.forEach([&](qint64 destination, char letter) {
         if (letter != unlocked)

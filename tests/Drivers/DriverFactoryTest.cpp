@@ -1,6 +1,8 @@
 #include "Drivers/DriverFactory.h"
 #include "Drivers/DriverHarness.h"
 #include "Drivers/KumoDriver.h"
+#include "Drivers/QuartzDriver.h"
+#include "Drivers/SWP08Driver.h"
 #include "Drivers/SimulatorDriver.h"
 #include "Drivers/VideohubDriver.h"
 
@@ -26,6 +28,9 @@ TEST(DriverFactory, MakesTheDriverThatSpeaksTheRoutersProtocol)
     EXPECT_TRUE(std::dynamic_pointer_cast<SimulatorDriver>(driverFor(RouterVendor::simulator, queue)));
     EXPECT_TRUE(
         std::dynamic_pointer_cast<VideohubDriver>(driverFor(RouterVendor::blackmagicVideohub, queue)));
+    EXPECT_TRUE(std::dynamic_pointer_cast<SWP08Driver>(driverFor(RouterVendor::rossUltrix, queue)));
+    EXPECT_TRUE(std::dynamic_pointer_cast<SWP08Driver>(driverFor(RouterVendor::genericSWP08, queue)));
+    EXPECT_TRUE(std::dynamic_pointer_cast<QuartzDriver>(driverFor(RouterVendor::evertzQuartz, queue)));
 }
 
 TEST(DriverFactory, SaysSoWhereAProtocolIsNotSpokenYet)

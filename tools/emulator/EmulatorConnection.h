@@ -25,6 +25,9 @@ public:
 
     void send(const QByteArray& bytes);
 
+    /// Whether nothing waits to go out.
+    bool hasSentAll() const { return m_outgoing.empty(); }
+
     /// Closes as soon as everything said has gone out; a silent device keeps the line open.
     void finish();
 

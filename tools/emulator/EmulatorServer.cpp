@@ -2,6 +2,8 @@
 
 #include <QHostAddress>
 
+#include <algorithm>
+
 namespace corvane::emulator {
 
 EmulatorServer::EmulatorServer(EmulatedMatrix& matrix, quint16 port, QObject* parent)
@@ -15,6 +17,11 @@ EmulatorServer::EmulatorServer(EmulatedMatrix& matrix, quint16 port, QObject* pa
 bool EmulatorServer::listenAgain()
 {
     return m_server.isListening() || m_server.listen(QHostAddress::LocalHost, m_port);
+}
+
+bool EmulatorServer::hasSaidAll() const
+{
+    return std::ranges::all_of(m_connections, &EmulatorConnection::hasSentAll);
 }
 
 void EmulatorServer::dropClients(Drop how)

@@ -48,6 +48,9 @@ public:
     int clientCount() const { return static_cast<int>(m_connections.size()); }
     void dropClients(Drop how = Drop::AtOnce);
 
+    /// Whether nothing is held back any more of what clients are to hear.
+    bool hasSaidAll() const;
+
     /// New clients are refused from now on; those connected stay.
     void stopListening() { m_server.close(); }
     /// Opens the same port again. False if somebody else has taken it meanwhile.
