@@ -1,6 +1,7 @@
 #include "Drivers/DriverFactory.h"
 
 #include "Drivers/KumoDriver.h"
+#include "Drivers/LightwareDriver.h"
 #include "Drivers/SimulatorDriver.h"
 #include "Drivers/VideohubDriver.h"
 
@@ -53,6 +54,8 @@ std::shared_ptr<RouterDriver> DriverFactory::makeDriver(
         return std::make_shared<VideohubDriver>(connection);
     case RouterVendor::ajaKumo:
         return std::make_shared<KumoDriver>(connection, mainQueue);
+    case RouterVendor::lightware:
+        return std::make_shared<LightwareDriver>(connection);
     default:
         return std::make_shared<UnsupportedDriver>(connection.vendor);
     }

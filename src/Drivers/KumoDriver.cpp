@@ -1,6 +1,7 @@
 #include "Drivers/KumoDriver.h"
 
 #include "Drivers/KumoParser.h"
+#include "Drivers/Ports.h"
 #include "Foundation/Task.h"
 
 #include <algorithm>
@@ -18,12 +19,6 @@ constexpr NetworkHttpClient::Limits limits{.time = 8s, .bodySize = 262'144};
 // Many times the largest KUMO. A garbled size must not keep us reading for days.
 constexpr qint64 largestSide = 4096;
 constexpr qint64 onlyLevel = 0;
-
-QString defaultLabel(PortKind kind, qint64 index)
-{
-    const auto text = kind == PortKind::source ? QStringLiteral("In %1") : QStringLiteral("Out %1");
-    return text.arg(KumoParser::oneBased(index));
-}
 
 } // namespace
 
@@ -86,11 +81,11 @@ QCoro::Task<> KumoDriver::take(qint64 source, qint64 destination, qint64)
     if (!number)
         co_return;
     // What the device says it did is the truth, even "nothing".
-    const auto actual = KumoParser::zeroBased(*number);
+    const auto actual = zeroBased(*number);
     setRoute(destination, actual);
     if (actual != source)
         yield(driverEvent::CommandRefused{QStringLiteral("KUMO kept Out %1 on In %2.")
-                                              .arg(KumoParser::oneBased(destination))
+                                              .arg(oneBased(destination))
                                               .arg(*number)});
 }
 
@@ -195,7 +190,7 @@ QCoro::Task<> KumoDriver::readRouting()
     for (qint64 destination = 0; destination < m_destinationCount; ++destination) {
         const auto number = co_await readStatus(destination);
         if (number && *number > 0)
-            m_routing.insert(destination, KumoParser::zeroBased(*number));
+            m_routing.insert(destination, zeroBased(*number));
         countValueRead();
     }
 }
@@ -257,7 +252,7 @@ QCoro::Task<> KumoDriver::pollRouting()
             continue;
         if (m_takeEpoch != epoch)
             co_return;
-        const auto source = KumoParser::zeroBased(*number);
+        const auto source = zeroBased(*number);
         const auto known = m_routing.constFind(destination);
         if (known == m_routing.cend() || *known != source)
             setRoute(destination, source);

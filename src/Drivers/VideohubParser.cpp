@@ -79,7 +79,7 @@ std::optional<PortLine> portLine(std::string_view line)
 qint64 believableCount(std::string_view value)
 {
     const auto count = text::decimalInteger(value).value_or(0);
-    return count >= 0 && count <= VideohubParser::maximumPortCount ? count : 0;
+    return count >= 0 && count <= maximumPortCount ? count : 0;
 }
 
 template <typename Handle>
@@ -92,17 +92,6 @@ void forEachLine(std::string_view body, Handle handle)
 qint64 lineCount(std::string_view body)
 {
     return std::ranges::count(body, '\n') + 1;
-}
-
-QList<Port> ports(PortKind kind, qint64 count, PortTable<QString> labels, const QString& defaultLabel)
-{
-    QList<Port> ports;
-    ports.reserve(count);
-    for (qint64 index = 0; index < count; ++index) {
-        auto* const label = labels.find(index);
-        ports.append({index, kind, label ? std::move(*label) : defaultLabel.arg(index + 1)});
-    }
-    return ports;
 }
 
 } // namespace
@@ -274,10 +263,9 @@ RouterState VideohubParser::completeState(VideohubPrelude prelude) const
     state.deviceName = prelude.friendlyName.isEmpty() ? m_deviceName : prelude.friendlyName;
     state.model = prelude.model.isEmpty() ? QStringLiteral("Blackmagic Videohub") : prelude.model;
     state.vendor = RouterVendor::blackmagicVideohub;
-    state.sources =
-        ports(PortKind::source, prelude.inputCount, std::move(prelude.inputLabels), QStringLiteral("In %1"));
-    state.destinations = ports(PortKind::destination, prelude.outputCount, std::move(prelude.outputLabels),
-        QStringLiteral("Out %1"));
+    state.sources = portList(PortKind::source, prelude.inputCount, std::move(prelude.inputLabels));
+    state.destinations =
+        portList(PortKind::destination, prelude.outputCount, std::move(prelude.outputLabels));
     state.levels = {{0, QStringLiteral("Video"), LevelKind::video}};
     state.routing.insert(0, prelude.routing);
     m_locks.forEach([&](qint64 destination, char letter) {
