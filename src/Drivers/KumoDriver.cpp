@@ -84,9 +84,8 @@ QCoro::Task<> KumoDriver::take(qint64 source, qint64 destination, qint64)
     const auto actual = zeroBased(*number);
     setRoute(destination, actual);
     if (actual != source)
-        yield(driverEvent::CommandRefused{QStringLiteral("KUMO kept Out %1 on In %2.")
-                                              .arg(oneBased(destination))
-                                              .arg(*number)});
+        yield(driverEvent::CommandRefused{
+            QStringLiteral("KUMO kept Out %1 on In %2.").arg(oneBased(destination)).arg(*number)});
 }
 
 QCoro::Task<> KumoDriver::setLock(qint64, qint64, bool)

@@ -140,9 +140,8 @@ void LW3Parser::learnName(PortKind kind, qint64 index, std::string_view value)
 void LW3Parser::handleRoutingList(std::string_view list)
 {
     m_routingReceived = true;
-    forEachItem(list, [this](qint64 destination, std::string_view item) {
-        handleRoute(destination, sourceIn(item));
-    });
+    forEachItem(list,
+        [this](qint64 destination, std::string_view item) { handleRoute(destination, sourceIn(item)); });
     if (m_resync)
         m_resync->hasRoutes = true;
     endResyncIfComplete();
@@ -201,8 +200,8 @@ void LW3Parser::handleInputStatus(std::string_view port, std::string_view value)
     const auto input = *number - 1;
     const auto known = m_inputStatus.constFind(input);
     const bool isKnown = known != m_inputStatus.cend();
-    const auto status = statusAfter(
-        isKnown ? *known : InputSignalStatus(), port.substr(position + separator.size()), value);
+    const auto status =
+        statusAfter(isKnown ? *known : InputSignalStatus(), port.substr(position + separator.size()), value);
     if (!status || (isKnown && *known == *status))
         return;
     m_inputStatus.insert(input, *status);

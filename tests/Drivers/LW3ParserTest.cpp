@@ -19,12 +19,13 @@ const std::string nameList = "pr /.ProductName=MX2-2x3\npw /MEDIA/NAMES/VIDEO.I1
                              "pw /MEDIA/NAMES/VIDEO.O2=1;AUX\npw /MEDIA/NAMES/VIDEO.O3=1;MON\n";
 const std::string routesOnly = "pr /MEDIA/XP/VIDEO.DestinationConnectionStatus=I1;I2;0\n";
 const std::string locksOnly = "pr /MEDIA/XP/VIDEO.DestinationPortStatus=T00AA;L00AA;T00AA\n";
-const std::string matrix = "pr /MEDIA/XP/VIDEO.SourcePortCount=2\n" + routesOnly + locksOnly
-    + "m- /MEDIA/XP/VIDEO:switch\n";
+const std::string matrix =
+    "pr /MEDIA/XP/VIDEO.SourcePortCount=2\n" + routesOnly + locksOnly + "m- /MEDIA/XP/VIDEO:switch\n";
 const std::string connected =
     "connected \"Saved name\" \"MX2-2x3\" [Cam|VTR] [PGM|AUX|MON] routes 0=0 1=1 locked 1";
 
-const std::string firstQuestions = "GET /.ProductName\r\nGET /MEDIA/NAMES/VIDEO.*\r\nGET /MEDIA/XP/VIDEO.*\r\n";
+const std::string firstQuestions =
+    "GET /.ProductName\r\nGET /MEDIA/NAMES/VIDEO.*\r\nGET /MEDIA/XP/VIDEO.*\r\n";
 const std::string matrixQuestion = "GET /MEDIA/XP/VIDEO.*\r\n";
 const std::string statusQuestions = "OPEN /MEDIA/XP/VIDEO\r\nOPEN /MEDIA/NAMES/VIDEO\r\n"
                                     "GET /MEDIA/PORTS/VIDEO/I1/STATUS.SignalPresent\r\n"
@@ -130,8 +131,9 @@ TEST(LW3Parser, GathersSignalsInSilenceAndTellsOfThemWithTheState)
           "pr /MEDIA/PORTS/VIDEO/I2/STATUS.SignalPresent=false\n"
           "pr /MEDIA/PORTS/VIDEO/I9223372036854775807/STATUS.SignalPresent=true\n");
     EXPECT_THAT(device.wait(600ms),
-        ElementsAre(connected + " input 0 present 1920x1080p60 input 1 absent "
-                                " input 9223372036854775806 present "));
+        ElementsAre(connected
+            + " input 0 present 1920x1080p60 input 1 absent "
+              " input 9223372036854775806 present "));
 }
 
 TEST(LW3Parser, ReportsPortsVendorAndLevelAsTheControllerNeedsThem)
@@ -321,7 +323,8 @@ TEST(LW3Parser, NamesTheModelAndThePortsItWasNotTold)
         device.hear(c.lines
             + "pw /MEDIA/NAMES/VIDEO.O1=1;Only\npw /MEDIA/NAMES/VIDEO.I3=1;Last\n"
               "pr /MEDIA/XP/VIDEO.DestinationConnectionStatus=I3\n");
-        EXPECT_THAT(device.wait(600ms), ElementsAre("connected \"Saved name\" " + c.beginning + " routes 0=2"));
+        EXPECT_THAT(
+            device.wait(600ms), ElementsAre("connected \"Saved name\" " + c.beginning + " routes 0=2"));
     }
 }
 
@@ -459,7 +462,8 @@ TEST(LW3Parser, AsksAndAllocatesNothingByANumberAlone)
     const auto events = device.wait(600ms);
     ASSERT_EQ(events.size(), 1U);
     EXPECT_THAT(events.front(), testing::HasSubstr("|Out 65535|A] "));
-    EXPECT_THAT(device.takeSent(), ElementsAre(testing::EndsWith("OPEN /MEDIA/PORTS/VIDEO/I65536/STATUS\r\n")));
+    EXPECT_THAT(
+        device.takeSent(), ElementsAre(testing::EndsWith("OPEN /MEDIA/PORTS/VIDEO/I65536/STATUS\r\n")));
 }
 
 TEST(LW3Parser, BearsFloods)

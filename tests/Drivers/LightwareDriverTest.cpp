@@ -19,9 +19,10 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 const std::string reading = "status Reading router state…";
-const std::string connectedTo4x2 = "connected \"Studio\" \"MX2-4x2-HDMI20\" [Input 1|Input 2|Input 3|Input 4]"
-                                   " [Output 1|Output 2] routes 0=0 1=1 input 0 present 1920x1080p60"
-                                   " input 1 present 1920x1080p60 input 2 present 1920x1080p60 input 3 absent ";
+const std::string connectedTo4x2 =
+    "connected \"Studio\" \"MX2-4x2-HDMI20\" [Input 1|Input 2|Input 3|Input 4]"
+    " [Output 1|Output 2] routes 0=0 1=1 input 0 present 1920x1080p60"
+    " input 1 present 1920x1080p60 input 2 present 1920x1080p60 input 3 absent ";
 const std::string matrixQuestion = "GET /MEDIA/XP/VIDEO.*\r\n";
 
 std::string questions(int inputs)
@@ -30,7 +31,8 @@ std::string questions(int inputs)
         + "OPEN /MEDIA/XP/VIDEO\r\nOPEN /MEDIA/NAMES/VIDEO\r\n";
     for (int input = 1; input <= inputs; ++input) {
         const auto node = "/MEDIA/PORTS/VIDEO/I" + std::to_string(input) + "/STATUS";
-        text += "GET " + node + ".SignalPresent\r\nGET " + node + ".ActiveResolution\r\nOPEN " + node + "\r\n";
+        text +=
+            "GET " + node + ".SignalPresent\r\nGET " + node + ".ActiveResolution\r\nOPEN " + node + "\r\n";
     }
     return text;
 }
@@ -131,9 +133,9 @@ TEST_F(LightwareDriverTest, TellsOfSignalsThatComeAfterTheState)
     auto running = connecting(device);
     device.faults().silent = true;
     running->advance(600ms);
-    EXPECT_TRUE(running->log.contains(
-        "connected \"Studio\" \"MX2-4x2-HDMI20\" [Input 1|Input 2|Input 3|Input 4]"
-        " [Output 1|Output 2] routes 0=0 1=1"));
+    EXPECT_TRUE(
+        running->log.contains("connected \"Studio\" \"MX2-4x2-HDMI20\" [Input 1|Input 2|Input 3|Input 4]"
+                              " [Output 1|Output 2] routes 0=0 1=1"));
     device.faults().silent = false;
     device.setResolution(3, "720p50");
     EXPECT_TRUE(running->pumpUntilSays("input 3 present 720p50"));
