@@ -25,6 +25,9 @@ public:
 
     void send(const QByteArray& bytes);
 
+    /// Lets go what the fault `hold` has kept back so far.
+    void release();
+
     /// Closes as soon as everything said has gone out; a silent device keeps the line open.
     void finish();
 

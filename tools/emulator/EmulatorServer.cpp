@@ -2,6 +2,8 @@
 
 #include <QHostAddress>
 
+#include <utility>
+
 namespace corvane::emulator {
 
 EmulatorServer::EmulatorServer(EmulatedMatrix& matrix, quint16 port, QObject* parent)
@@ -23,6 +25,12 @@ void EmulatorServer::dropClients(Drop how)
     const auto connections = m_connections;
     for (auto* connection : connections)
         how == Drop::AtOnce ? connection->drop() : connection->dropAfter(halfMessage());
+}
+
+void EmulatorServer::release()
+{
+    for (auto* connection : std::as_const(m_connections))
+        connection->release();
 }
 
 void EmulatorServer::acceptClients()

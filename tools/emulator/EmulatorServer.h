@@ -48,6 +48,9 @@ public:
     int clientCount() const { return static_cast<int>(m_connections.size()); }
     void dropClients(Drop how = Drop::AtOnce);
 
+    /// Lets go what the fault `hold` has kept back so far; what is said later is held again.
+    void release();
+
     /// New clients are refused from now on; those connected stay.
     void stopListening() { m_server.close(); }
     /// Opens the same port again. False if somebody else has taken it meanwhile.
