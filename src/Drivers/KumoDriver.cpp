@@ -49,13 +49,13 @@ QCoro::Task<> KumoDriver::connect()
     if (co_await readSize() == Reading::abandoned)
         co_return;
     yield(driverEvent::Status{QStringLiteral("Reading routing and labels…")});
-    setProgress(Progress{0, m_sourceCount + (2 * m_destinationCount)});
+    tellReadingProgress(0);
     auto sources = co_await readPorts(PortKind::source, m_sourceCount);
     auto destinations = co_await readPorts(PortKind::destination, m_destinationCount);
     co_await readRouting();
-    setProgress(std::nullopt);
     if (m_isTorn)
         co_return;
+    tellReadingProgress(std::nullopt);
     m_isConnected = true;
     yield(driverEvent::Connected{makeState(std::move(sources), std::move(destinations))});
     startPolling();
@@ -207,18 +207,12 @@ RouterState KumoDriver::makeState(QList<Port> sources, QList<Port> destinations)
     return state;
 }
 
-void KumoDriver::setProgress(std::optional<Progress> progress)
-{
-    m_progress = progress;
-    if (m_onProgress)
-        m_onProgress();
-}
-
 void KumoDriver::countValueRead()
 {
-    auto progress = m_progress.value_or(Progress{});
-    ++progress.valuesRead;
-    setProgress(progress);
+    if (m_isTorn)
+        return;
+    const auto valueCount = m_sourceCount + (2 * m_destinationCount);
+    tellReadingProgress(static_cast<double>(++m_valuesRead) / static_cast<double>(valueCount));
 }
 
 void KumoDriver::startPolling()
