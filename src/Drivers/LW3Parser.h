@@ -15,6 +15,12 @@
 
 namespace corvane {
 
+/// What has been read of the matrix since it was asked for again.
+struct LW3Resync {
+    bool hasRoutes = false;
+    bool hasLocks = false;
+};
+
 /// Reads the Lightware LW3 text protocol: a tree of properties, told line by line.
 ///
 /// Asks for names and crosspoints once the link is up, and subscribes when the list of names has ended. What
@@ -64,12 +70,6 @@ private:
         qint64 count = 0;
         PortTable<QString> labels;
         PortTable<QByteArray> prefixes;
-    };
-
-    /// What has been read of the matrix since it was asked for again.
-    struct Resync {
-        bool hasRoutes = false;
-        bool hasLocks = false;
     };
 
     void handle(std::string_view line);
@@ -127,7 +127,7 @@ private:
     bool m_statusQueriesIssued = false;
     bool m_connectedEmitted = false;
     /// Present from the question until both lists have come.
-    std::optional<Resync> m_resync;
+    std::optional<LW3Resync> m_resync;
 
     /// What one delivery brought and asks for; goes out at its end.
     std::vector<RouterDriverEvent> m_batch;
