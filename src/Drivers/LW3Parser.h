@@ -100,7 +100,7 @@ private:
     {
         return kind == PortKind::source ? m_inputs : m_outputs;
     }
-    [[nodiscard]] std::optional<qint64> source(qint64 destination) const;
+    [[nodiscard]] std::optional<qint64> knownSource(qint64 destination) const;
     void ask(const QByteArray& line) { m_unsent += line + lineEnd; }
     void flush();
 

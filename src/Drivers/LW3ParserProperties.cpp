@@ -149,7 +149,7 @@ void LW3Parser::handleRoutingList(std::string_view list)
 
 void LW3Parser::handleRoute(qint64 destination, std::optional<qint64> source)
 {
-    if (source == this->source(destination) && !m_resync)
+    if (source == knownSource(destination) && !m_resync)
         return;
     const auto position = static_cast<std::size_t>(destination);
     if (source && position >= m_routing.size())
@@ -160,7 +160,7 @@ void LW3Parser::handleRoute(qint64 destination, std::optional<qint64> source)
         m_batch.emplace_back(driverEvent::RouteChanged{0, destination, source});
 }
 
-std::optional<qint64> LW3Parser::source(qint64 destination) const
+std::optional<qint64> LW3Parser::knownSource(qint64 destination) const
 {
     const auto position = static_cast<std::size_t>(destination);
     return position < m_routing.size() ? m_routing[position] : std::nullopt;
