@@ -1,6 +1,7 @@
 #include "Drivers/KumoDriver.h"
 
 #include "Drivers/KumoParser.h"
+#include "Drivers/PortNames.h"
 #include "Drivers/Ports.h"
 #include "Foundation/Task.h"
 
@@ -130,7 +131,7 @@ QCoro::Task<qint64> KumoDriver::intParam(QString parameter)
 QCoro::Task<QString> KumoDriver::readLabel(PortKind kind, qint64 index)
 {
     // A name that can't be read is no reason to do without the router.
-    const auto unnamed = defaultLabel(kind, index);
+    const auto unnamed = numberedLabel(kind, index);
     try {
         const auto path = KumoParser::readPath(KumoParser::labelParameter(kind, index));
         const auto value = KumoParser::parameterValue(co_await get(path));
@@ -202,7 +203,7 @@ RouterState KumoDriver::makeState(QList<Port> sources, QList<Port> destinations)
     state.vendor = RouterVendor::ajaKumo;
     state.sources = std::move(sources);
     state.destinations = std::move(destinations);
-    state.levels = {{onlyLevel, QStringLiteral("Video"), LevelKind::video}};
+    state.levels = onlyVideoLevel();
     state.routing.insert(onlyLevel, m_routing);
     return state;
 }

@@ -1,5 +1,6 @@
 #include "Drivers/LW3Parser.h"
 
+#include "Drivers/PortNames.h"
 #include "Foundation/Text.h"
 
 #include <algorithm>
@@ -166,7 +167,7 @@ RouterState LW3Parser::completeState() const
     state.vendor = RouterVendor::lightware;
     state.sources = portList(PortKind::source, m_inputs.count, m_inputs.labels);
     state.destinations = portList(PortKind::destination, m_outputs.count, m_outputs.labels);
-    state.levels = {{0, QStringLiteral("Video"), LevelKind::video}};
+    state.levels = onlyVideoLevel();
     auto& routing = state.routing[0];
     routing.reserve(static_cast<qsizetype>(m_routing.size()));
     for (std::size_t destination = 0; destination < m_routing.size(); ++destination) {

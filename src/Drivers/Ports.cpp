@@ -1,5 +1,7 @@
 #include "Drivers/Ports.h"
 
+#include "Drivers/PortNames.h"
+
 #include <limits>
 #include <utility>
 
@@ -15,19 +17,13 @@ qint64 zeroBased(qint64 number)
     return number == std::numeric_limits<qint64>::min() ? number : number - 1;
 }
 
-QString defaultLabel(PortKind kind, qint64 index)
-{
-    const auto text = kind == PortKind::source ? QStringLiteral("In %1") : QStringLiteral("Out %1");
-    return text.arg(oneBased(index));
-}
-
 QList<Port> portList(PortKind kind, qint64 count, PortTable<QString> labels)
 {
     QList<Port> ports;
     ports.reserve(count);
     for (qint64 index = 0; index < count; ++index) {
         auto* const label = labels.find(index);
-        ports.append({index, kind, label ? std::move(*label) : defaultLabel(kind, index)});
+        ports.append({index, kind, label ? std::move(*label) : numberedLabel(kind, index)});
     }
     return ports;
 }

@@ -13,10 +13,7 @@ inline constexpr qint64 maximumPortCount = 65536;
 [[nodiscard]] qint64 oneBased(qint64 index);
 [[nodiscard]] qint64 zeroBased(qint64 number);
 
-/// What a port is called that the device has no name for: "In 1", "Out 1".
-[[nodiscard]] QString defaultLabel(PortKind kind, qint64 index);
-
-/// The ports from 0 to `count` - 1, under the device's names where there are any.
+/// The ports from 0 to `count` - 1, under the device's names or else their numbered ones.
 [[nodiscard]] QList<Port> portList(PortKind kind, qint64 count, PortTable<QString> labels);
 
 } // namespace corvane

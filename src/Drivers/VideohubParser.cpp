@@ -1,5 +1,6 @@
 #include "Drivers/VideohubParser.h"
 
+#include "Drivers/PortNames.h"
 #include "Foundation/Text.h"
 
 #include <algorithm>
@@ -266,7 +267,7 @@ RouterState VideohubParser::completeState(VideohubPrelude prelude) const
     state.sources = portList(PortKind::source, prelude.inputCount, std::move(prelude.inputLabels));
     state.destinations =
         portList(PortKind::destination, prelude.outputCount, std::move(prelude.outputLabels));
-    state.levels = {{0, QStringLiteral("Video"), LevelKind::video}};
+    state.levels = onlyVideoLevel();
     state.routing.insert(0, prelude.routing);
     m_locks.forEach([&](qint64 destination, char letter) {
         if (letter != unlocked)
