@@ -1,4 +1,5 @@
 #include "Drivers/KumoParser.h"
+#include "Drivers/Ports.h"
 
 #include <cstddef>
 
@@ -9,7 +10,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     try {
         if (const auto value = KumoParser::parameterValue(body)) {
             if (const auto number = KumoParser::integer(*value))
-                (void)KumoParser::statusParameter(KumoParser::zeroBased(*number));
+                (void)KumoParser::statusParameter(zeroBased(*number));
             if (const auto label = KumoParser::label(*value))
                 (void)KumoParser::setLabelPath(KumoParser::sourceCountParameter(), *label);
         }

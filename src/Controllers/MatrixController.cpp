@@ -37,6 +37,12 @@ void MatrixController::connect()
             if (const auto self = weak.lock())
                 self->apply(std::move(event));
         });
+    m_driver->onReadingProgress(
+        [weak = weak_from_this(), stop = m_eventStop.get_token()](std::optional<double> fraction) {
+            const auto self = weak.lock();
+            if (self && !stop.stop_requested())
+                self->setReadingProgress(fraction);
+        });
     startTask(m_environment.mainQueue, [driver = m_driver] { return driver->connect(); });
 }
 
@@ -56,7 +62,14 @@ void MatrixController::teardown()
     m_eventStop.request_stop();
     tellDriverToDisconnect();
     m_driver.reset();
+    m_now.readingProgress.reset();
     clearPending();
+}
+
+void MatrixController::setReadingProgress(std::optional<double> fraction)
+{
+    const Change change(*this);
+    m_now.readingProgress = fraction;
 }
 
 void MatrixController::tellDriverToDisconnect()

@@ -60,6 +60,8 @@ public:
     [[nodiscard]] const ConnectionStatus& status() const { return m_now.status; }
     [[nodiscard]] bool isConnected() const { return std::holds_alternative<Connected>(m_now.status); }
     [[nodiscard]] const QString& statusMessage() const { return m_now.statusMessage; }
+    /// How far the reading of the device has come while connecting, 0 to 1; absent where nobody knows.
+    [[nodiscard]] std::optional<double> readingProgress() const { return m_now.readingProgress; }
 
     /// The error banner's text. One slot: the latest wins.
     [[nodiscard]] const std::optional<QString>& lastError() const { return m_now.lastError; }
@@ -188,6 +190,7 @@ public:
 signals:
     void statusChanged();
     void statusMessageChanged();
+    void readingProgressChanged();
     void lastErrorChanged();
     void viewModeChanged();
     void takeModeChanged();
@@ -222,6 +225,7 @@ private:
     struct Observed {
         ConnectionStatus status = Disconnected{};
         QString statusMessage;
+        std::optional<double> readingProgress;
         std::optional<QString> lastError;
         RouteViewMode viewMode = RouteViewMode::matrix;
         TakeMode takeMode = TakeMode::immediate;
@@ -243,6 +247,7 @@ private:
     using FailureHandler = std::function<void(const QString& description)>;
 
     void teardown();
+    void setReadingProgress(std::optional<double> fraction);
     void tellDriverToDisconnect();
     /// Hands the command to the driver on a later turn. Without a driver nothing happens and nothing is said.
     void send(Command command, FailureHandler onFailure);

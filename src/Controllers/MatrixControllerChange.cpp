@@ -57,6 +57,7 @@ void MatrixController::Change::tellOfProperties(const Observed& before) const
     tell(&Observed::panels, &MatrixController::panelsChanged);
     tell(&Observed::lastError, &MatrixController::lastErrorChanged);
     tell(&Observed::statusMessage, &MatrixController::statusMessageChanged);
+    tell(&Observed::readingProgress, &MatrixController::readingProgressChanged);
     tell(&Observed::status, &MatrixController::statusChanged);
 }
 

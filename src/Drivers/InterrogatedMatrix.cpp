@@ -1,6 +1,6 @@
 #include "Drivers/InterrogatedMatrix.h"
 
-#include "Drivers/PortNames.h"
+#include "Drivers/Ports.h"
 
 #include <algorithm>
 #include <utility>
@@ -17,15 +17,6 @@ qint64 usableCount(qint64 saved, const InterrogatedProtocol& protocol)
 bool isBelow(qint64 index, qint64 count)
 {
     return index >= 0 && index < count;
-}
-
-QList<Port> numberedPorts(PortKind kind, qint64 count)
-{
-    QList<Port> ports;
-    ports.reserve(count);
-    for (qint64 index = 0; index < count; ++index)
-        ports.append({index, kind, numberedLabel(kind, index)});
-    return ports;
 }
 
 } // namespace
@@ -112,8 +103,8 @@ RouterState InterrogatedMatrix::completeState() const
     state.deviceName = m_deviceName;
     state.model = m_protocol.name + u' ' + sizeText();
     state.vendor = m_protocol.vendor;
-    state.sources = numberedPorts(PortKind::source, m_sourceCount);
-    state.destinations = numberedPorts(PortKind::destination, m_destinationCount);
+    state.sources = portList(PortKind::source, m_sourceCount);
+    state.destinations = portList(PortKind::destination, m_destinationCount);
     state.levels = onlyVideoLevel();
     LevelRouting routing;
     routing.reserve(m_destinationCount);

@@ -1,7 +1,7 @@
 #include "Drivers/KumoDriver.h"
 
 #include "Drivers/KumoParser.h"
-#include "Drivers/PortNames.h"
+#include "Drivers/Ports.h"
 #include "Foundation/Task.h"
 
 #include <algorithm>
@@ -49,13 +49,13 @@ QCoro::Task<> KumoDriver::connect()
     if (co_await readSize() == Reading::abandoned)
         co_return;
     yield(driverEvent::Status{QStringLiteral("Reading routing and labels…")});
-    setProgress(Progress{0, m_sourceCount + (2 * m_destinationCount)});
+    tellReadingProgress(0);
     auto sources = co_await readPorts(PortKind::source, m_sourceCount);
     auto destinations = co_await readPorts(PortKind::destination, m_destinationCount);
     co_await readRouting();
-    setProgress(std::nullopt);
     if (m_isTorn)
         co_return;
+    tellReadingProgress(std::nullopt);
     m_isConnected = true;
     yield(driverEvent::Connected{makeState(std::move(sources), std::move(destinations))});
     startPolling();
@@ -81,12 +81,11 @@ QCoro::Task<> KumoDriver::take(qint64 source, qint64 destination, qint64)
     if (!number)
         co_return;
     // What the device says it did is the truth, even "nothing".
-    const auto actual = KumoParser::zeroBased(*number);
+    const auto actual = zeroBased(*number);
     setRoute(destination, actual);
     if (actual != source)
-        yield(driverEvent::CommandRefused{QStringLiteral("KUMO kept Out %1 on In %2.")
-                                              .arg(KumoParser::oneBased(destination))
-                                              .arg(*number)});
+        yield(driverEvent::CommandRefused{
+            QStringLiteral("KUMO kept Out %1 on In %2.").arg(oneBased(destination)).arg(*number)});
 }
 
 QCoro::Task<> KumoDriver::setLock(qint64, qint64, bool)
@@ -190,7 +189,7 @@ QCoro::Task<> KumoDriver::readRouting()
     for (qint64 destination = 0; destination < m_destinationCount; ++destination) {
         const auto number = co_await readStatus(destination);
         if (number && *number > 0)
-            m_routing.insert(destination, KumoParser::zeroBased(*number));
+            m_routing.insert(destination, zeroBased(*number));
         countValueRead();
     }
 }
@@ -208,18 +207,12 @@ RouterState KumoDriver::makeState(QList<Port> sources, QList<Port> destinations)
     return state;
 }
 
-void KumoDriver::setProgress(std::optional<Progress> progress)
-{
-    m_progress = progress;
-    if (m_onProgress)
-        m_onProgress();
-}
-
 void KumoDriver::countValueRead()
 {
-    auto progress = m_progress.value_or(Progress{});
-    ++progress.valuesRead;
-    setProgress(progress);
+    if (m_isTorn)
+        return;
+    const auto valueCount = m_sourceCount + (2 * m_destinationCount);
+    tellReadingProgress(static_cast<double>(++m_valuesRead) / static_cast<double>(valueCount));
 }
 
 void KumoDriver::startPolling()
@@ -252,7 +245,7 @@ QCoro::Task<> KumoDriver::pollRouting()
             continue;
         if (m_takeEpoch != epoch)
             co_return;
-        const auto source = KumoParser::zeroBased(*number);
+        const auto source = zeroBased(*number);
         const auto known = m_routing.constFind(destination);
         if (known == m_routing.cend() || *known != source)
             setRoute(destination, source);

@@ -4,7 +4,6 @@
 #include "Foundation/HttpClient.h"
 #include "Foundation/SerialQueue.h"
 
-#include <functional>
 #include <memory>
 #include <optional>
 #include <stop_token>
@@ -35,17 +34,6 @@ public:
     QCoro::Task<> setLock(qint64 destination, qint64 level, bool locked) override;
     QCoro::Task<> setLabel(QString label, qint64 index, PortKind kind) override;
 
-    /// How far `connect` has come with reading names and routing.
-    struct Progress {
-        qint64 valuesRead = 0;
-        qint64 valueCount = 0;
-        bool operator==(const Progress&) const = default;
-    };
-    /// Absent before the size of the matrix is known and when the reading is over.
-    [[nodiscard]] const std::optional<Progress>& progress() const { return m_progress; }
-    /// Called on the main thread at every change of `progress`. Set before `connect`.
-    void setProgressHandler(std::function<void()> handler) { m_onProgress = std::move(handler); }
-
 private:
     enum class Reading { complete, abandoned };
 
@@ -60,7 +48,7 @@ private:
     QCoro::Task<QList<Port>> readPorts(PortKind kind, qint64 count);
     QCoro::Task<> readRouting();
     [[nodiscard]] RouterState makeState(QList<Port> sources, QList<Port> destinations) const;
-    void setProgress(std::optional<Progress> progress);
+    /// For `connect`, after each name and route.
     void countValueRead();
 
     void startPolling();
@@ -80,9 +68,8 @@ private:
     qint64 m_takeEpoch = 0;
     qint64 m_sourceCount = 0;
     qint64 m_destinationCount = 0;
+    qint64 m_valuesRead = 0;
     LevelRouting m_routing;
-    std::optional<Progress> m_progress;
-    std::function<void()> m_onProgress;
 };
 
 } // namespace corvane

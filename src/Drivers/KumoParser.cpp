@@ -1,5 +1,6 @@
 #include "Drivers/KumoParser.h"
 
+#include "Drivers/Ports.h"
 #include "Foundation/Text.h"
 
 #include <nlohmann/json.hpp>
@@ -7,7 +8,6 @@
 #include <QUrl>
 
 #include <cmath>
-#include <limits>
 #include <utility>
 
 namespace corvane::KumoParser {
@@ -124,16 +124,6 @@ QString setLabelPath(const QString& parameter, const QString& label)
     static constexpr auto* keptAsTheyAre = "!$'()*,;:@";
     const auto encoded = QString::fromLatin1(QUrl::toPercentEncoding(label, keptAsTheyAre));
     return QStringLiteral("config?action=set&paramid=%1&value=%2").arg(parameter, encoded);
-}
-
-qint64 oneBased(qint64 index)
-{
-    return index == std::numeric_limits<qint64>::max() ? index : index + 1;
-}
-
-qint64 zeroBased(qint64 number)
-{
-    return number == std::numeric_limits<qint64>::min() ? number : number - 1;
 }
 
 } // namespace corvane::KumoParser

@@ -47,8 +47,4 @@ public:
 [[nodiscard]] QString setRoutePath(qint64 source, qint64 destination);
 [[nodiscard]] QString setLabelPath(const QString& parameter, const QString& label);
 
-/// As a person and the device count; stops at the ends of the integers.
-[[nodiscard]] qint64 oneBased(qint64 index);
-[[nodiscard]] qint64 zeroBased(qint64 number);
-
 } // namespace corvane::KumoParser

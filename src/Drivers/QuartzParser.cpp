@@ -1,5 +1,6 @@
 #include "Drivers/QuartzParser.h"
 
+#include "Drivers/Ports.h"
 #include "Foundation/Text.h"
 
 #include <algorithm>

@@ -16,9 +16,6 @@ namespace corvane {
 /// Used and destroyed on its queue only.
 class QuartzParser final : public InterrogatingParser {
 public:
-    /// No real matrix comes near it.
-    static constexpr qint64 maximumPortCount = 65536;
-
     QuartzParser(const RouterConnection& connection, SerialQueue& queue, RouterEventStream events);
 
     [[nodiscard]] QByteArray commandFor(const Route& route) override;

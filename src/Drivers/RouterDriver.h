@@ -6,7 +6,9 @@
 
 #include <QCoroTask>
 
+#include <functional>
 #include <optional>
+#include <utility>
 #include <variant>
 
 namespace corvane {
@@ -98,6 +100,13 @@ public:
     /// kept for it.
     [[nodiscard]] const RouterEventStream& events() const { return m_events; }
 
+    /// How far the reading of the device has come while it connects, 0 to 1; absent when that is over.
+    using ReadingProgressHandler = std::function<void(std::optional<double> fraction)>;
+
+    /// `handler` is called on the main thread, by drivers that know how much there is to read, and never
+    /// after `disconnect`. Set before `connect`.
+    void onReadingProgress(ReadingProgressHandler handler) { m_onReadingProgress = std::move(handler); }
+
     /// Starts the link. Success and failure are events.
     virtual QCoro::Task<> connect() = 0;
 
@@ -121,8 +130,12 @@ public:
 protected:
     void yield(RouterDriverEvent event) const { m_events.yield(std::move(event)); }
 
+    /// On the main thread only.
+    void tellReadingProgress(std::optional<double> fraction) const;
+
 private:
     RouterEventStream m_events;
+    ReadingProgressHandler m_onReadingProgress;
 };
 
 } // namespace corvane

@@ -1,6 +1,6 @@
 #include "Drivers/VideohubParser.h"
 
-#include "Drivers/PortNames.h"
+#include "Drivers/Ports.h"
 #include "Foundation/Text.h"
 
 #include <algorithm>
@@ -80,7 +80,7 @@ std::optional<PortLine> portLine(std::string_view line)
 qint64 believableCount(std::string_view value)
 {
     const auto count = text::decimalInteger(value).value_or(0);
-    return count >= 0 && count <= VideohubParser::maximumPortCount ? count : 0;
+    return count >= 0 && count <= maximumPortCount ? count : 0;
 }
 
 template <typename Handle>
@@ -93,17 +93,6 @@ void forEachLine(std::string_view body, Handle handle)
 qint64 lineCount(std::string_view body)
 {
     return std::ranges::count(body, '\n') + 1;
-}
-
-QList<Port> ports(PortKind kind, qint64 count, PortTable<QString> labels)
-{
-    QList<Port> ports;
-    ports.reserve(count);
-    for (qint64 index = 0; index < count; ++index) {
-        auto* const label = labels.find(index);
-        ports.append({index, kind, label ? std::move(*label) : numberedLabel(kind, index)});
-    }
-    return ports;
 }
 
 } // namespace
@@ -275,8 +264,9 @@ RouterState VideohubParser::completeState(VideohubPrelude prelude) const
     state.deviceName = prelude.friendlyName.isEmpty() ? m_deviceName : prelude.friendlyName;
     state.model = prelude.model.isEmpty() ? QStringLiteral("Blackmagic Videohub") : prelude.model;
     state.vendor = RouterVendor::blackmagicVideohub;
-    state.sources = ports(PortKind::source, prelude.inputCount, std::move(prelude.inputLabels));
-    state.destinations = ports(PortKind::destination, prelude.outputCount, std::move(prelude.outputLabels));
+    state.sources = portList(PortKind::source, prelude.inputCount, std::move(prelude.inputLabels));
+    state.destinations =
+        portList(PortKind::destination, prelude.outputCount, std::move(prelude.outputLabels));
     state.levels = onlyVideoLevel();
     state.routing.insert(0, prelude.routing);
     m_locks.forEach([&](qint64 destination, char letter) {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Drivers/DelimitedReader.h"
-#include "Drivers/PortTable.h"
+#include "Drivers/Ports.h"
 #include "Drivers/ProtocolParser.h"
 #include "Drivers/RouterDriver.h"
 #include "Foundation/QuietTimer.h"
@@ -34,15 +34,11 @@ struct VideohubPrelude {
 /// The device opens with its whole state. That is gathered in silence until it is complete, and goes out as
 /// one `Connected`; from then on every line yields its own event, whether or not it tells anything new, for
 /// the controller may believe otherwise. Port numbers are zero-based on the wire, and are not checked against
-/// the size that the device declared.
+/// the size that the device declared. A count above `maximumPortCount`, or below none, is taken for 0.
 ///
 /// Used and destroyed on its queue only.
 class VideohubParser final : public ProtocolParser {
 public:
-    /// No real matrix comes near it. A device that declares more, or less than none, is not believed: its
-    /// count is 0.
-    static constexpr qint64 maximumPortCount = 65536;
-
     /// Devices without an "END PRELUDE:" block tell the end of their state by falling silent.
     static constexpr Duration preludeQuiet = std::chrono::milliseconds(1200);
 

@@ -27,9 +27,12 @@ EmptyState {
         wrapMode: Text.Wrap
         maximumLineCount: 4
     }
-    Item {
-        width: 1
-        height: 2
+    ProgressLine {
+        anchors.horizontalCenter: parent.horizontalCenter
+        isShown: root.model.content.showsProgress
+        fraction: root.model.content.progress
+        text: root.model.content.progressText
+        tint: root.model.content.tint
     }
     ProminentButton {
         anchors.horizontalCenter: parent.horizontalCenter

@@ -1,5 +1,7 @@
 #include "Views/ConnectPromptModel.h"
 
+#include <QtMath>
+
 namespace corvane {
 
 namespace {
@@ -13,6 +15,11 @@ QString failure(const ConnectionStatus& status)
 {
     const auto* failed = std::get_if<ConnectionFailed>(&status);
     return failed ? failed->message : QString();
+}
+
+QString percentRead(double fraction)
+{
+    return QStringLiteral("%1% read").arg(qFloor(fraction * 100));
 }
 
 } // namespace
@@ -31,6 +38,7 @@ void ConnectPromptModel::refresh()
 {
     const auto& connection = controller()->connection();
     const auto& status = controller()->status();
+    const auto progress = controller()->readingProgress();
     const bool canCancel = isConnecting(status);
     replace(m_content,
         {.symbol = symbolName(connection.vendor),
@@ -40,6 +48,9 @@ void ConnectPromptModel::refresh()
                 displayName(connection.vendor), connection.endpointDescription()),
             .status = statusLook(status, palette()),
             .failure = failure(status),
+            .showsProgress = progress.has_value(),
+            .progress = progress.value_or(0),
+            .progressText = progress ? percentRead(*progress) : QString(),
             .buttonText = canCancel ? QStringLiteral("Cancel") : QStringLiteral("Connect"),
             .buttonSymbol = canCancel ? QStringLiteral("xmark") : QStringLiteral("bolt.fill")});
 }

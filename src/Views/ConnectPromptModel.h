@@ -15,6 +15,9 @@ struct ConnectPromptContent {
     Q_PROPERTY(QString address MEMBER address FINAL)
     Q_PROPERTY(corvane::StatusLook status MEMBER status FINAL)
     Q_PROPERTY(QString failure MEMBER failure FINAL)
+    Q_PROPERTY(bool showsProgress MEMBER showsProgress FINAL)
+    Q_PROPERTY(double progress MEMBER progress FINAL)
+    Q_PROPERTY(QString progressText MEMBER progressText FINAL)
     Q_PROPERTY(QString buttonText MEMBER buttonText FINAL)
     Q_PROPERTY(QString buttonSymbol MEMBER buttonSymbol FINAL)
 
@@ -26,6 +29,12 @@ public:
     StatusLook status;
     /// Empty unless the connection failed.
     QString failure;
+    /// Only while it is known how far the reading of the device has come.
+    bool showsProgress = false;
+    /// 0 to 1.
+    double progress = 0;
+    /// For screen readers.
+    QString progressText;
     QString buttonText;
     QString buttonSymbol;
 

@@ -8,10 +8,11 @@ namespace {
 
 // Everything but what changes with the router's traffic: crosspoints, locks and signals.
 constexpr std::array quietSignals{&MatrixController::statusChanged, &MatrixController::statusMessageChanged,
-    &MatrixController::lastErrorChanged, &MatrixController::viewModeChanged,
-    &MatrixController::takeModeChanged, &MatrixController::primaryLevelChanged,
-    &MatrixController::breakawayLevelsChanged, &MatrixController::routingDirectionChanged,
-    &MatrixController::stagingChanged, &MatrixController::stateReplaced, &MatrixController::labelsChanged,
+    &MatrixController::readingProgressChanged, &MatrixController::lastErrorChanged,
+    &MatrixController::viewModeChanged, &MatrixController::takeModeChanged,
+    &MatrixController::primaryLevelChanged, &MatrixController::breakawayLevelsChanged,
+    &MatrixController::routingDirectionChanged, &MatrixController::stagingChanged,
+    &MatrixController::stateReplaced, &MatrixController::labelsChanged,
     &MatrixController::visiblePortsChanged, &MatrixController::renameTargetChanged,
     &MatrixController::panelsChanged, &MatrixController::activePanelChanged};
 

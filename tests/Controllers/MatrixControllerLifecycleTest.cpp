@@ -57,6 +57,34 @@ TEST_F(MatrixControllerLifecycleTest, DisconnectingTellsTheDriverTwiceAndKeepsTh
     EXPECT_TRUE(told().empty());
 }
 
+TEST_F(MatrixControllerLifecycleTest, TellsHowFarTheDriverHasReadAndForgetsItWithTheDriver)
+{
+    Telling telling(*controller, &MatrixController::readingProgressChanged);
+    controller->connect();
+    EXPECT_EQ(controller->readingProgress(), std::nullopt);
+    const auto old = drivers.front();
+    old->reportProgress(0.25);
+    old->reportProgress(0.25);
+    EXPECT_EQ(controller->readingProgress(), 0.25);
+    EXPECT_EQ(telling.count(), 1);
+
+    controller->connect();
+    old->reportProgress(0.5);
+    EXPECT_EQ(controller->readingProgress(), std::nullopt);
+    EXPECT_EQ(telling.count(), 1);
+    driver().reportProgress(1);
+    driver().reportProgress(std::nullopt);
+    EXPECT_EQ(controller->readingProgress(), std::nullopt);
+    EXPECT_EQ(telling.count(), 2);
+
+    driver().reportProgress(0.75);
+    controller->disconnect();
+    driver().reportProgress(0.8);
+    EXPECT_EQ(controller->readingProgress(), std::nullopt);
+    controller.reset();
+    driver().reportProgress(0.9);
+}
+
 TEST_F(MatrixControllerLifecycleTest, IsHeldByItsCommandsButNotByItsEvents)
 {
     connectTo(matrix(4, 4));

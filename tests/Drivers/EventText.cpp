@@ -25,6 +25,11 @@ std::string routingText(const LevelRouting& routing)
     return text;
 }
 
+std::string signalText(const InputSignalStatus& status)
+{
+    return (status.present ? " present " : " absent ") + status.format.value_or(QString()).toStdString();
+}
+
 std::string stateText(const RouterState& state)
 {
     auto text = "\"" + state.deviceName.toStdString() + "\" \"" + state.model.toStdString() + "\" "
@@ -34,6 +39,10 @@ std::string stateText(const RouterState& state)
     std::ranges::sort(locked);
     for (const auto destination : locked)
         text += " locked " + std::to_string(destination);
+    const std::map<qint64, InputSignalStatus> signalsByInput(
+        state.inputStatus.constKeyValueBegin(), state.inputStatus.constKeyValueEnd());
+    for (const auto& [input, status] : signalsByInput)
+        text += " input " + std::to_string(input) + signalText(status);
     return text;
 }
 
@@ -67,8 +76,7 @@ struct Writer {
     {
         out << "input " << event.input;
         if (event.status)
-            out << (event.status->present ? " present " : " absent ")
-                << event.status->format.value_or(QString()).toStdString();
+            out << signalText(*event.status);
     }
     void operator()(const driverEvent::Disconnected& event) const
     {

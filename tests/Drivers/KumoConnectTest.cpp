@@ -140,14 +140,28 @@ TEST_F(KumoDriverTest, SaysNothingMoreWhenDisconnectedAtAnyPointOfTheReading)
 
 TEST_F(KumoDriverTest, TellsHowFarTheReadingHasCome)
 {
-    std::vector<std::optional<KumoDriver::Progress>> seen;
+    std::vector<std::optional<double>> seen;
     make();
-    driver->setProgressHandler([&] { seen.push_back(driver->progress()); });
+    driver->onReadingProgress([&](std::optional<double> fraction) { seen.push_back(fraction); });
     startConnecting();
-    ASSERT_EQ(seen.size(), 8);
-    for (int i = 0; i <= 6; ++i)
-        EXPECT_EQ(seen.at(i), (KumoDriver::Progress{i, 6}));
-    EXPECT_EQ(seen.back(), std::nullopt);
+    EXPECT_THAT(
+        seen, ElementsAre(0, 1.0 / 6, 2.0 / 6, 3.0 / 6, 4.0 / 6, 5.0 / 6, 1, std::optional<double>()));
+}
+
+TEST_F(KumoDriverTest, TellsNothingOfAReadingThatWasCalledOff)
+{
+    std::vector<std::optional<double>> seen;
+    kumo.isHeld = true;
+    make();
+    driver->onReadingProgress([&](std::optional<double> fraction) { seen.push_back(fraction); });
+    startConnecting();
+    for (int i = 0; i < 3; ++i)
+        release();
+    disconnect();
+    while (!kumo.held.empty())
+        release();
+    EXPECT_EQ(returned, 2);
+    EXPECT_THAT(seen, ElementsAre(0, 1.0 / 6));
 }
 
 TEST_F(KumoDriverTest, SpeaksHttpOverTheNetworkAndWaitsEightSecondsForAnAnswer)

@@ -1,4 +1,5 @@
 #include "Drivers/KumoParser.h"
+#include "Drivers/Ports.h"
 
 #include <gtest/gtest.h>
 
@@ -75,7 +76,7 @@ TEST(KumoParser, SurvivesPortsAtTheEndsOfTheNumbers)
 {
     EXPECT_EQ(KumoParser::setRoutePath(-1, most),
         u"config?action=set&paramid=eParamID_XPT_Destination9223372036854775807_Status&value=0"_s);
-    EXPECT_EQ(KumoParser::zeroBased(least), least);
+    EXPECT_EQ(zeroBased(least), least);
 }
 
 TEST(KumoParser, EncodesWhateverALabelHolds)

@@ -167,6 +167,24 @@ TEST_F(KumoEmulatorTest, ClosesBehindTheAnswerWhenTheClientWantsThat)
     }
 }
 
+TEST_F(KumoEmulatorTest, HoldsItsAnswersUntilTheyAreReleased)
+{
+    kumo.faults().hold = true;
+    RawClient client(kumo);
+    client.send(request(askFirst) + request(askFirst));
+    ASSERT_TRUE(pumpUntil([&] { return kumo.receivedMessages().size() == 2; }));
+    pumpUntilIdle();
+    EXPECT_EQ(client.received(), "");
+
+    kumo.release();
+    const auto answered = [&] { return client.received().count(R"("value":"1")"); };
+    ASSERT_TRUE(pumpUntil([&] { return answered() == 2; }));
+    client.send(request(askFirst));
+    ASSERT_TRUE(pumpUntil([&] { return kumo.receivedMessages().size() == 3; }));
+    pumpUntilIdle();
+    EXPECT_EQ(answered(), 2);
+}
+
 TEST_F(KumoEmulatorTest, CountsRequestsThatWaitAtTheSameTime)
 {
     kumo.faults().silent = true;

@@ -49,6 +49,36 @@ TEST_F(ConnectPromptModelTest, TellsWhyTheConnectionFailedAndOffersAnother)
     EXPECT_EQ(controller->status(), ConnectionStatus(Connecting{}));
 }
 
+TEST_F(ConnectPromptModelTest, ShowsHowFarTheReadingHasComeWhileThatIsKnown)
+{
+    EXPECT_FALSE(model.content().showsProgress);
+    model.pressButton();
+    EXPECT_FALSE(model.content().showsProgress);
+    Tellings tellings(model, &ConnectPromptModel::contentChanged);
+    struct Case {
+        std::optional<double> fraction;
+        bool isShown;
+        double progress;
+        QString text;
+    };
+    const Case cases[] = {
+        {0.0, true, 0, u"0% read"_s},
+        {0.999, true, 0.999, u"99% read"_s},
+        {1.0, true, 1, u"100% read"_s},
+        {std::nullopt, false, 0, QString()},
+    };
+    for (const auto& c : cases) {
+        driver().reportProgress(c.fraction);
+        EXPECT_EQ(model.content().showsProgress, c.isShown);
+        EXPECT_EQ(model.content().progress, c.progress);
+        EXPECT_EQ(model.content().progressText, c.text);
+        EXPECT_EQ(tellings.count(), 1);
+    }
+    driver().reportProgress(0.5);
+    model.pressButton();
+    EXPECT_FALSE(model.content().showsProgress);
+}
+
 } // namespace
 
 } // namespace corvane

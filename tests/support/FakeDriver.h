@@ -17,6 +17,7 @@ public:
     std::optional<DriverError> failure;
 
     void report(RouterDriverEvent event) const { yield(std::move(event)); }
+    void reportProgress(std::optional<double> fraction) const { tellReadingProgress(fraction); }
 
     QCoro::Task<> connect() override
     {

@@ -21,10 +21,20 @@ void EmulatorConnection::send(const QByteArray& bytes)
 {
     if (m_faults.silent || m_socket->state() != QAbstractSocket::ConnectedState)
         return;
-    const QDeadlineTimer due(m_faults.answerDelay);
+    const auto due =
+        m_faults.hold ? QDeadlineTimer(QDeadlineTimer::Forever) : QDeadlineTimer(m_faults.answerDelay);
     const qsizetype step = m_faults.pieceSize > 0 ? m_faults.pieceSize : std::max<qsizetype>(bytes.size(), 1);
     for (qsizetype begin = 0; begin < bytes.size(); begin += step)
         m_outgoing.push_back({bytes.mid(begin, step), due});
+    scheduleNextPiece();
+}
+
+void EmulatorConnection::release()
+{
+    for (auto& piece : m_outgoing) {
+        if (piece.due.isForever())
+            piece.due = QDeadlineTimer();
+    }
     scheduleNextPiece();
 }
 
@@ -50,7 +60,7 @@ void EmulatorConnection::dropAfter(const QByteArray& lastWords)
 
 void EmulatorConnection::scheduleNextPiece()
 {
-    if (m_outgoing.empty())
+    if (m_outgoing.empty() || m_outgoing.front().due.isForever())
         return;
     m_nextPiece.start(static_cast<int>(m_outgoing.front().due.remainingTime()));
 }

@@ -27,6 +27,8 @@ public:
 
     /// Whether nothing waits to go out.
     bool hasSentAll() const { return m_outgoing.empty(); }
+    /// Lets go what the fault `hold` has kept back so far.
+    void release();
 
     /// Closes as soon as everything said has gone out; a silent device keeps the line open.
     void finish();

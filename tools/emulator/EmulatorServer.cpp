@@ -3,6 +3,7 @@
 #include <QHostAddress>
 
 #include <algorithm>
+#include <utility>
 
 namespace corvane::emulator {
 
@@ -30,6 +31,12 @@ void EmulatorServer::dropClients(Drop how)
     const auto connections = m_connections;
     for (auto* connection : connections)
         how == Drop::AtOnce ? connection->drop() : connection->dropAfter(halfMessage());
+}
+
+void EmulatorServer::release()
+{
+    for (auto* connection : std::as_const(m_connections))
+        connection->release();
 }
 
 void EmulatorServer::acceptClients()

@@ -50,6 +50,8 @@ public:
 
     /// Whether nothing is held back any more of what clients are to hear.
     bool hasSaidAll() const;
+    /// Lets go what the fault `hold` has kept back so far; what is said later is held again.
+    void release();
 
     /// New clients are refused from now on; those connected stay.
     void stopListening() { m_server.close(); }

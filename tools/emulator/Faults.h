@@ -35,6 +35,9 @@ struct Faults {
     /// How long everything said is held back. The order stays.
     std::chrono::milliseconds answerDelay{0};
 
+    /// What is said waits for `EmulatorServer::release()`, and what follows it waits with it.
+    bool hold = false;
+
     /// The connection is closed when this many bytes have gone out on it.
     std::optional<qint64> closeAfterBytes;
 };
