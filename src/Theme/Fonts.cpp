@@ -44,7 +44,7 @@ void load()
 {
     for (const char* face : textFaces)
         loadFace(face);
-    loadFace("MaterialIcons-Regular.ttf");
+    loadFace("CorvaneSymbols.ttf");
     QGuiApplication::setFont(text(bodySize));
 }
 
@@ -59,7 +59,7 @@ QString textFamily()
 
 QString symbolFamily()
 {
-    return QStringLiteral("Material Icons");
+    return QStringLiteral("Corvane Symbols");
 }
 
 QFont text(double size, QFont::Weight weight)
