@@ -227,8 +227,10 @@ int measureFrames(std::string_view renderer)
         std::map<qint64, double> medians;
         for (const Size size : sizes)
             medians[size.sources] = measureScrolling(renderer, window, size);
-        bench::printRow(title(renderer, window, sizes.back()) + " against 64x64",
-            medians.at(1024) / medians.at(64), "x", "<= 1.2");
+        // A 64x64 does not fill the larger window: only a router that does shows as many cells.
+        const qint64 alike = window.width() < 3840 ? 64 : 288;
+        bench::printRow(title(renderer, window, sizes.back()) + " against " + std::to_string(alike),
+            medians.at(1024) / medians.at(alike), "x", "<= 1.2");
     }
     measureTally(renderer, {1180, 760});
     return 0;
