@@ -105,7 +105,7 @@ private:
     [[nodiscard]] bool isField() const { return m_place == field; }
     [[nodiscard]] QString name() const;
     [[nodiscard]] QString description() const;
-    [[nodiscard]] QList<GridAction> actions() const;
+    [[nodiscard]] QList<PortAction> actions() const;
     void remember();
 
     const GridAccessible& m_grid;

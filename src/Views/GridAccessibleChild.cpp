@@ -135,18 +135,18 @@ void* GridAccessibleChild::interface_cast(QAccessible::InterfaceType type)
     return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface*>(this) : nullptr;
 }
 
-QList<GridAction> GridAccessibleChild::actions() const
+QList<PortAction> GridAccessibleChild::actions() const
 {
     if (!isValid() || isField())
         return {};
-    QList<GridAction> actions{{GridAction::Kind::press, pressAction(), {}}};
+    QList<PortAction> actions{{PortAction::Kind::press, pressAction(), {}}};
     return actions + m_grid.view()->actions().accessibleActions(m_place);
 }
 
 QStringList GridAccessibleChild::actionNames() const
 {
     QStringList names;
-    for (const GridAction& action : actions())
+    for (const PortAction& action : actions())
         names.append(action.name);
     names.append(setFocusAction());
     return names;
@@ -161,8 +161,8 @@ void GridAccessibleChild::doAction(const QString& name)
         m_grid.view()->setFocusPlace(m_place);
         return;
     }
-    const QList<GridAction> offered = actions();
-    const auto wanted = std::ranges::find(offered, name, &GridAction::name);
+    const QList<PortAction> offered = actions();
+    const auto wanted = std::ranges::find(offered, name, &PortAction::name);
     if (wanted != offered.cend())
         m_grid.view()->actions().perform(wanted->kind, m_place);
 }
