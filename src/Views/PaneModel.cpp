@@ -134,13 +134,15 @@ void PaneModel::perform(PortAction::Kind kind, int position)
         clickPort(*m_controller, *port);
         return;
     case PortAction::Kind::toggleInGang:
-        m_controller->toggleDestinationInGang(*port);
+        if (m_rows.at(position).hasBadge)
+            m_controller->toggleDestinationInGang(*port);
         return;
     case PortAction::Kind::rename:
         m_controller->beginRename(m_kind, *port);
         return;
     case PortAction::Kind::toggleLock:
-        m_controller->toggleLock(*port);
+        if (m_kind == PortKind::destination)
+            m_controller->toggleLock(*port);
         return;
     case PortAction::Kind::routeToSelectedDestination:
         return;

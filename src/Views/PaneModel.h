@@ -39,7 +39,9 @@ public:
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
     [[nodiscard]] const QList<SelectableRow>& rows() const { return m_rows; }
+    /// The other way round, by the port's own index.
     [[nodiscard]] std::optional<int> positionOf(qint64 port) const;
+    [[nodiscard]] std::optional<qint64> portAt(int position) const;
     /// Where the operator's eye is to begin: the first current row, or else the first.
     [[nodiscard]] int startPosition() const;
 
@@ -47,6 +49,7 @@ public:
     /// Renames. What the click before it put in or took out is put back: the double click is one gesture.
     void doubleClick(int position);
     void clickBadge(int position);
+    /// Does nothing if it is nothing that the row offers.
     void perform(PortAction::Kind kind, int position);
     Q_INVOKABLE void performHeaderAction(int position);
     [[nodiscard]] QList<PortAction> menu(int position) const;
@@ -87,7 +90,6 @@ private:
     void appendRows(const QList<Port>& ports);
     void refreshRows();
     void refreshHeader();
-    [[nodiscard]] std::optional<qint64> portAt(int position) const;
 
     const PortKind m_kind;
     QPointer<MatrixController> m_controller;
