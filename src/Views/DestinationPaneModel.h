@@ -8,7 +8,6 @@ namespace corvane {
 /// one, or puts it into the gang; source-led it gives it the focused source.
 class DestinationPaneModel : public PaneModel {
     Q_OBJECT
-    QML_ELEMENT
 
 public:
     explicit DestinationPaneModel(QObject* parent = nullptr);

@@ -51,16 +51,12 @@ void PaneModel::setController(MatrixController* newController)
         observe(*newController);
     }
     refresh();
-    emit controllerChanged();
 }
 
-void PaneModel::setDark(bool isDark)
+void PaneModel::setPalette(const GlassPalette& palette)
 {
-    if (isDark == this->isDark())
-        return;
-    m_palette = isDark ? &GlassPalette::dark() : &GlassPalette::light();
+    m_palette = &palette;
     refreshHeader();
-    emit darkChanged();
 }
 
 int PaneModel::rowCount(const QModelIndex& parent) const

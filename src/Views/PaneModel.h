@@ -19,10 +19,7 @@ namespace corvane {
 class PaneModel : public QAbstractListModel {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("A pane shows sources or destinations.")
-    Q_PROPERTY(corvane::MatrixController* controller READ controller WRITE setController NOTIFY
-            controllerChanged FINAL)
-    Q_PROPERTY(bool dark READ isDark WRITE setDark NOTIFY darkChanged FINAL)
+    QML_UNCREATABLE("Belongs to a DestinationListModel")
     Q_PROPERTY(corvane::PaneContent content READ content NOTIFY contentChanged FINAL)
 
 public:
@@ -31,8 +28,7 @@ public:
 
     [[nodiscard]] MatrixController* controller() const { return m_controller; }
     void setController(MatrixController* controller);
-    [[nodiscard]] bool isDark() const { return m_palette->isDark; }
-    void setDark(bool isDark);
+    void setPalette(const GlassPalette& palette);
     [[nodiscard]] const PaneContent& content() const { return m_content; }
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
@@ -62,8 +58,6 @@ public:
         double iconActions) const;
 
 signals:
-    void controllerChanged();
-    void darkChanged();
     void contentChanged();
 
 protected:

@@ -8,7 +8,6 @@ namespace corvane {
 /// source-led it is the one that destinations are then given.
 class SourcePaneModel : public PaneModel {
     Q_OBJECT
-    QML_ELEMENT
 
 public:
     explicit SourcePaneModel(QObject* parent = nullptr);

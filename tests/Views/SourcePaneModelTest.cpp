@@ -130,7 +130,7 @@ TEST_F(SourcePaneModelTest, CountsWhatIsShownAndTakesTheLevelsColour)
     EXPECT_EQ(model.content().widestNumber, u"888"_s);
     EXPECT_EQ(model.content().tint, GlassPalette::dark().green);
     EXPECT_TRUE(model.content().headerActions.isEmpty());
-    model.setDark(false);
+    model.setPalette(GlassPalette::light());
     EXPECT_EQ(model.content().tint, GlassPalette::light().green);
     showPanel({5, 9}, {0});
     EXPECT_EQ(model.content().count, 2);
