@@ -29,9 +29,12 @@ T.AbstractButton {
     rightPadding: showsText ? textRightPadding : 6
     spacing: 6
     opacity: enabled ? 1 : 0.4
-    Accessible.role: opensMenu ? Accessible.ButtonMenu : Accessible.Button
     Accessible.name: text
     Accessible.description: tip
+    Accessible.ignored: !visible
+    // A screen reader's press reaches no button by itself.
+    Accessible.onPressAction: if (enabled)
+        clicked()
 
     background: Rectangle {
         radius: root.radius

@@ -1,4 +1,5 @@
 #include "Views/CrosspointMatrixView.h"
+#include "Views/WheelDistance.h"
 
 #include <QGuiApplication>
 #include <QStyleHints>
@@ -7,16 +8,9 @@ namespace corvane {
 
 namespace {
 
-/// A notch of a wheel is 120 of the angle's units.
-constexpr double angleOfNotch = 120;
-constexpr double pointsOfLine = 24;
-
 QPointF distance(const QWheelEvent& event)
 {
-    const QPointF notches = QPointF(event.angleDelta()) / angleOfNotch;
-    const QPointF points = event.pixelDelta().isNull()
-        ? notches * pointsOfLine * QGuiApplication::styleHints()->wheelScrollLines()
-        : QPointF(event.pixelDelta());
+    const QPointF points = wheelDistance(event.pixelDelta(), event.angleDelta());
     const bool isTurned = event.modifiers().testFlag(Qt::ShiftModifier) && points.x() == 0;
     return isTurned ? points.transposed() : points;
 }

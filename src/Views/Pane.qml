@@ -86,6 +86,12 @@ FocusScope {
             currentIndex: -1
             model: root.model
 
+            WheelHandler {
+                acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
+                target: null
+                onWheel: event => rows.turnWheel(event.pixelDelta, event.angleDelta)
+            }
+
             delegate: SelectableRow {
                 id: row
 

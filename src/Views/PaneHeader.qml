@@ -34,6 +34,7 @@ Item {
             font: GlassKit.titleFont
             Accessible.role: Accessible.Heading
             Accessible.name: text
+            Accessible.ignored: !visible
         }
         PlainText {
             id: subtitle
@@ -46,6 +47,7 @@ Item {
             color: GlassKit.secondary
             Accessible.role: Accessible.StaticText
             Accessible.name: text
+            Accessible.ignored: !visible
         }
     }
     Row {
@@ -65,6 +67,7 @@ Item {
             color: GlassKit.quaternary
             Accessible.role: Accessible.StaticText
             Accessible.name: number.text
+            Accessible.ignored: !visible
 
             PlainText {
                 id: number

@@ -1,6 +1,7 @@
 #include "Views/PaneRows.h"
 
 #include "Views/PaneRowsAccessible.h"
+#include "Views/WheelDistance.h"
 
 #include <algorithm>
 
@@ -137,6 +138,12 @@ void PaneRows::point(int row)
     forceActiveFocus(Qt::MouseFocusReason);
     showFocus(false);
     setFocusRow(row);
+}
+
+void PaneRows::turnWheel(QPointF pixelDelta, QPointF angleDelta)
+{
+    const double wanted = m_layout.scroll - wheelDistance(pixelDelta, angleDelta).y();
+    emit scrollWanted(std::clamp(wanted, 0.0, m_layout.maximumScroll()));
 }
 
 void PaneRows::click(int row)

@@ -51,6 +51,7 @@ public:
     [[nodiscard]] const PaneLayout& layout() const { return m_layout; }
     void setFocusRow(int row);
 
+    Q_INVOKABLE void turnWheel(QPointF pixelDelta, QPointF angleDelta);
     // What the pointer does; it takes the keyboard along.
     Q_INVOKABLE void click(int row);
     Q_INVOKABLE void doubleClick(int row);

@@ -35,6 +35,9 @@ Item {
             text: root.model.content.subtitle
             font: GlassKit.captionFont
             color: GlassKit.secondary
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
+            Accessible.ignored: !visible
         }
     }
     Loader {

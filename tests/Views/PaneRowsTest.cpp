@@ -110,6 +110,21 @@ TEST_F(PaneRowsTest, ThePointerTakesTheKeyboardAlong)
     EXPECT_EQ(controller->renameTarget(), (PortRef{PortKind::destination, 6}));
 }
 
+TEST_F(PaneRowsTest, TheWheelMovesTheRowsAtOnceAndNoFartherThanTheyGo)
+{
+    show(matrix(40, 40));
+    rows.turnWheel({0, -70}, {0, -120});
+    EXPECT_EQ(rows.scroll(), 70) << "what the device says of points";
+    rows.turnWheel({}, {0, -120});
+    EXPECT_GT(rows.scroll(), 70 + 24);
+    rows.turnWheel({}, {0, 120});
+    EXPECT_EQ(rows.scroll(), 70);
+    rows.turnWheel({0, 500}, {});
+    EXPECT_EQ(rows.scroll(), 0);
+    rows.turnWheel({0, -50000}, {});
+    EXPECT_EQ(rows.scroll(), rows.layout().maximumScroll());
+}
+
 TEST_F(PaneRowsTest, AMenuMeansThePortItWasAskedForAt)
 {
     show(matrix(8, 8));
