@@ -112,6 +112,8 @@ public:
     [[nodiscard]] QList<qint64> activeLevels() const;
     /// The destinations that a source click aims at, ascending.
     [[nodiscard]] QList<qint64> xyTargets() const;
+    /// Whether a source click aims at this destination, among others perhaps.
+    [[nodiscard]] bool isXYTarget(qint64 destination) const;
     [[nodiscard]] std::optional<PendingTake> pendingTake() const;
     /// True also while only half a route is staged.
     [[nodiscard]] bool hasStaging() const;

@@ -40,6 +40,11 @@ QList<qint64> MatrixController::xyTargets() const
     return routing::targets(m_now.selection);
 }
 
+bool MatrixController::isXYTarget(qint64 destination) const
+{
+    return routing::isTarget(m_now.selection, destination);
+}
+
 std::optional<PendingTake> MatrixController::pendingTake() const
 {
     return routing::pendingTake(m_now.staging, m_now.selection, m_now.routingDirection);

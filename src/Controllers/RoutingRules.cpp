@@ -41,6 +41,13 @@ QList<qint64> targets(const Selection& selection)
     return {};
 }
 
+bool isTarget(const Selection& selection, qint64 destination)
+{
+    if (!selection.destinations.isEmpty())
+        return selection.destinations.contains(destination);
+    return selection.destination == destination;
+}
+
 std::optional<PendingTake> pendingTake(
     const Staging& staging, const Selection& selection, RoutingDirection direction)
 {

@@ -49,6 +49,8 @@ QList<qint64> activeLevels(const QList<RouterLevel>& levels, const QSet<qint64>&
 
 /// The destinations that a source click aims at, ascending: the gang, or the focused one.
 QList<qint64> targets(const Selection& selection);
+/// Whether `targets` holds this destination, without listing them.
+bool isTarget(const Selection& selection, qint64 destination);
 
 /// The staged take if there is a complete one. Source-led, the focused source goes to the staged destinations
 /// before anything else is considered.

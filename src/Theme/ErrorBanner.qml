@@ -14,6 +14,8 @@ T.AbstractButton {
     implicitHeight: label.implicitHeight + 18
     Accessible.role: Accessible.AlertMessage
     Accessible.name: message
+    Accessible.ignored: !visible
+    Accessible.onPressAction: clicked()
 
     // Opaque beneath the wash, so that it can be read over anything.
     background: GlassSurface {

@@ -2,7 +2,8 @@ import QtQuick
 import QtQuick.Templates as T
 import Corvane.Theme
 
-// A quiet button with a symbol, a text or both. With a symbol alone it needs an `Accessible.name`.
+// A quiet button with a symbol, a text or both. With a symbol alone it needs an `Accessible.name`; one that has a text may be
+// told to do without it where there is little room, and then has it as its tip.
 T.AbstractButton {
     id: root
 
@@ -12,15 +13,28 @@ T.AbstractButton {
     property color tint: GlassKit.text
     property color fill: GlassKit.quaternary
     property real radius: height / 2
+    property bool iconOnly: false
+    property bool opensMenu: false
+    property real maximumTextWidth: Infinity
+    property real textLeftPadding: symbol === "" ? 14 : 11
+    property real textRightPadding: opensMenu ? 9 : 14
+    readonly property bool showsText: text !== "" && !iconOnly
+    // What it takes with its text and without it, whichever is shown.
+    readonly property real fullWidth: textLeftPadding + (symbol === "" ? 0 : symbolSize + spacing) + label.width + (opensMenu ? spacing + chevron.width : 0) + textRightPadding
+    readonly property real iconWidth: Math.max(implicitHeight, symbolSize + 12)
 
-    implicitWidth: Math.max(implicitHeight, implicitContentWidth + leftPadding + rightPadding)
+    implicitWidth: showsText ? fullWidth : iconWidth
     implicitHeight: GlassKit.controlHeight
-    leftPadding: text === "" ? 6 : symbol === "" ? 14 : 11
-    rightPadding: text === "" ? 6 : 14
+    leftPadding: showsText ? textLeftPadding : 6
+    rightPadding: showsText ? textRightPadding : 6
     spacing: 6
     opacity: enabled ? 1 : 0.4
     Accessible.name: text
     Accessible.description: tip
+    Accessible.ignored: !visible
+    // A screen reader's press reaches no button by itself.
+    Accessible.onPressAction: if (enabled)
+        clicked()
 
     background: Rectangle {
         radius: root.radius
@@ -37,7 +51,7 @@ T.AbstractButton {
             radius: root.radius + 2
         }
         Tip {
-            text: root.tip
+            text: root.tip === "" && !root.showsText ? root.text : root.tip
         }
     }
     contentItem: Item {
@@ -57,12 +71,23 @@ T.AbstractButton {
                 color: root.tint
             }
             PlainText {
+                id: label
+
                 anchors.verticalCenter: parent.verticalCenter
-                visible: root.text !== ""
+                visible: root.showsText
+                width: Math.min(implicitWidth, root.maximumTextWidth)
                 text: root.text
                 font: GlassKit.controlFont
                 color: root.tint
                 Accessible.ignored: true
+            }
+            Symbol {
+                id: chevron
+
+                anchors.verticalCenter: parent.verticalCenter
+                visible: root.opensMenu && root.showsText
+                name: "chevron.down"
+                color: GlassKit.secondary
             }
         }
     }

@@ -56,9 +56,11 @@ class GlassKit : public QObject {
     Q_PROPERTY(QFont bodyFont MEMBER bodyFont CONSTANT FINAL)
     Q_PROPERTY(QFont controlFont MEMBER controlFont CONSTANT FINAL)
     Q_PROPERTY(QFont portNameFont MEMBER portNameFont CONSTANT FINAL)
+    Q_PROPERTY(QFont subtitleFont MEMBER subtitleFont CONSTANT FINAL)
     Q_PROPERTY(QFont calloutFont MEMBER calloutFont CONSTANT FINAL)
     Q_PROPERTY(QFont captionFont MEMBER captionFont CONSTANT FINAL)
     Q_PROPERTY(QFont captionStrongFont MEMBER captionStrongFont CONSTANT FINAL)
+    Q_PROPERTY(QFont numberFont MEMBER numberFont CONSTANT FINAL)
     Q_PROPERTY(QFont markFont MEMBER markFont CONSTANT FINAL)
     Q_PROPERTY(QFont smallMarkFont MEMBER smallMarkFont CONSTANT FINAL)
 
@@ -69,6 +71,8 @@ class GlassKit : public QObject {
     Q_PROPERTY(int barPadding MEMBER barPadding CONSTANT FINAL)
     Q_PROPERTY(int cellRadius MEMBER cellRadius CONSTANT FINAL)
     Q_PROPERTY(int rowRadius MEMBER rowRadius CONSTANT FINAL)
+    Q_PROPERTY(int selectableRowRadius MEMBER selectableRowRadius CONSTANT FINAL)
+    Q_PROPERTY(int paneRadius MEMBER paneRadius CONSTANT FINAL)
     Q_PROPERTY(int iconBoxRadius MEMBER iconBoxRadius CONSTANT FINAL)
     Q_PROPERTY(int controlRadius MEMBER controlRadius CONSTANT FINAL)
     Q_PROPERTY(int barRadius MEMBER barRadius CONSTANT FINAL)
@@ -137,9 +141,11 @@ public:
     const QFont bodyFont = Fonts::text(13);
     const QFont controlFont = Fonts::text(12.5, QFont::Medium);
     const QFont portNameFont = Fonts::text(12.5, QFont::DemiBold);
+    const QFont subtitleFont = Fonts::text(12);
     const QFont calloutFont = Fonts::text(12, QFont::Medium);
     const QFont captionFont = Fonts::text(11);
     const QFont captionStrongFont = Fonts::text(11, QFont::DemiBold);
+    const QFont numberFont = Fonts::text(12, QFont::Bold);
     const QFont markFont = Fonts::text(10, QFont::Bold);
     const QFont smallMarkFont = Fonts::text(9, QFont::Bold);
 
@@ -150,6 +156,8 @@ public:
     const int barPadding = 9;
     const int cellRadius = 10;
     const int rowRadius = 8;
+    const int selectableRowRadius = 11;
+    const int paneRadius = 18;
     const int iconBoxRadius = 7;
     const int controlRadius = 7;
     const int barRadius = 22;

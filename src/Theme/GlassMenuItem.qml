@@ -15,6 +15,8 @@ T.MenuItem {
     implicitHeight: visible ? 28 : 0
     opacity: enabled ? 1 : 0.4
     Accessible.name: text
+    Accessible.onPressAction: if (enabled)
+        clicked()
 
     background: Rectangle {
         radius: 6

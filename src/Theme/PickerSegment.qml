@@ -3,7 +3,7 @@ import QtQuick.Templates as T
 import Corvane.Theme
 
 // One segment of a `SegmentedPicker`.
-T.AbstractButton {
+T.RadioButton {
     id: root
 
     required property bool selected
@@ -11,10 +11,11 @@ T.AbstractButton {
 
     implicitWidth: row.implicitWidth + 24
     focusPolicy: Qt.NoFocus
-    Accessible.role: Accessible.RadioButton
+    checked: selected
     Accessible.name: text
-    Accessible.checkable: true
-    Accessible.checked: selected
+    Accessible.ignored: !visible
+    Accessible.onPressAction: clicked()
+    Accessible.onToggleAction: clicked()
 
     contentItem: Item {
         Row {

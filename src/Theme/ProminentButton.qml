@@ -7,6 +7,6 @@ GlassButton {
 
     fill: GlassKit.tintFill(accent)
     tint: GlassKit.onTint
-    leftPadding: symbol === "" ? 18 : 14
-    rightPadding: 18
+    textLeftPadding: symbol === "" ? 18 : 14
+    textRightPadding: 18
 }

@@ -30,6 +30,7 @@ FocusScope {
     Accessible.role: Accessible.Grouping
     Accessible.name: label
     Accessible.description: tip
+    Accessible.ignored: !visible
     onChosen: wasUsed = true
     Keys.onLeftPressed: step(-1)
     Keys.onRightPressed: step(1)

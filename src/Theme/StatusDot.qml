@@ -11,6 +11,7 @@ Item {
     implicitHeight: 9
     Accessible.role: Accessible.Indicator
     Accessible.name: status.word
+    Accessible.ignored: !visible
 
     // A soft glow without a shader, so that it looks the same on every renderer.
     Repeater {

@@ -13,6 +13,7 @@ Rectangle {
     color: GlassKit.faded(status.color, 0.15)
     Accessible.role: Accessible.Indicator
     Accessible.name: status.word
+    Accessible.ignored: !visible
 
     Row {
         id: content

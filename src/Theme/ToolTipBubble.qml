@@ -6,12 +6,13 @@ import Corvane.Theme
 T.ToolTip {
     id: root
 
-    x: parent ? Math.round((parent.width - implicitWidth) / 2) : 0
+    x: parent ? Math.round((parent.width - width) / 2) : 0
     y: parent ? parent.height + 6 : 0
     margins: 6
     padding: 8
     topPadding: 5
     bottomPadding: 5
+    width: Math.min(implicitWidth, 420)
     implicitWidth: contentItem.implicitWidth + leftPadding + rightPadding
     implicitHeight: contentItem.implicitHeight + topPadding + bottomPadding
     delay: 600
@@ -29,5 +30,7 @@ T.ToolTip {
     contentItem: PlainText {
         text: root.text
         font: GlassKit.captionFont
+        wrapMode: Text.Wrap
+        maximumLineCount: 8
     }
 }

@@ -2,6 +2,7 @@
 
 #include "Theme/Contrast.h"
 #include "Theme/Tints.h"
+#include "Views/PortTexts.h"
 
 #include <algorithm>
 
@@ -9,12 +10,9 @@ namespace corvane {
 
 namespace {
 
-const QString unknown = QStringLiteral("—");
-
-// By position in the list, which for every driver is the port's index.
 QString label(const QList<Port>& ports, qint64 position)
 {
-    return position >= 0 && position < ports.size() ? ports.at(position).label : unknown;
+    return portTexts::labelAt(ports, position).value_or(portTexts::noName());
 }
 
 QString targets(const QList<qint64>& destinations, const RouterState& state)

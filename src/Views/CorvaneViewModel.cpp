@@ -29,6 +29,7 @@ CorvaneViewModel::CorvaneViewModel(
     : ControllerModel(environment.theme, parent),
       m_mainQueue(environment.mainQueue),
       m_routerID(controller.id()),
+      m_toolbar(environment.theme),
       m_header(environment.theme),
       m_modes(environment.theme),
       m_controlBar(environment.theme, environment.zoom),
@@ -46,7 +47,7 @@ void CorvaneViewModel::setController(MatrixController* newController)
     if (newController == controller())
         return;
     for (ControllerModel* part : std::initializer_list<ControllerModel*>{
-             &m_header, &m_modes, &m_controlBar, &m_prompt, &m_banner, &m_rename})
+             &m_toolbar, &m_header, &m_modes, &m_controlBar, &m_prompt, &m_banner, &m_rename})
         part->setController(newController);
     ControllerModel::setController(newController);
     emit controllerChanged();
@@ -95,6 +96,7 @@ void CorvaneViewModel::refresh()
             .color = routerColor(connection, palette()),
             .isConnected = controller()->isConnected(),
             .showsMatrix = !mismatches && controller()->viewMode() == RouteViewMode::matrix,
+            .showsList = !mismatches && controller()->viewMode() == RouteViewMode::list,
             .showsMismatch = mismatches});
 }
 

@@ -6,6 +6,7 @@
 #include "Views/ErrorBannerModel.h"
 #include "Views/RenamePromptModel.h"
 #include "Views/RoutingModeClusterModel.h"
+#include "Views/ToolbarModel.h"
 
 namespace corvane {
 
@@ -18,6 +19,7 @@ struct CorvaneViewContent {
     Q_PROPERTY(QColor color MEMBER color FINAL)
     Q_PROPERTY(bool isConnected MEMBER isConnected FINAL)
     Q_PROPERTY(bool showsMatrix MEMBER showsMatrix FINAL)
+    Q_PROPERTY(bool showsList MEMBER showsList FINAL)
     Q_PROPERTY(bool showsMismatch MEMBER showsMismatch FINAL)
 
 public:
@@ -26,8 +28,9 @@ public:
     QString subtitle;
     QColor color;
     bool isConnected = false;
-    /// At most one of the routing area's screens.
+    /// Exactly one of the routing area's screens.
     bool showsMatrix = false;
+    bool showsList = false;
     /// None of the active panel's sources, or none of its destinations, is there.
     bool showsMismatch = false;
 
@@ -45,6 +48,7 @@ class CorvaneViewModel : public ControllerModel {
     Q_PROPERTY(corvane::CorvaneViewContent content READ content NOTIFY contentChanged FINAL)
     Q_PROPERTY(corvane::MatrixController* controller READ controller NOTIFY controllerChanged FINAL)
     Q_PROPERTY(corvane::MatrixZoom* zoom READ zoom CONSTANT FINAL)
+    Q_PROPERTY(corvane::ToolbarModel* toolbar READ toolbar CONSTANT FINAL)
     Q_PROPERTY(corvane::DeviceHeaderModel* header READ header CONSTANT FINAL)
     Q_PROPERTY(corvane::RoutingModeClusterModel* modes READ modes CONSTANT FINAL)
     Q_PROPERTY(corvane::ControlBarModel* controlBar READ controlBar CONSTANT FINAL)
@@ -75,6 +79,7 @@ public:
     /// For the window: the title, and the subtitle behind a dash if there is one.
     [[nodiscard]] QString windowTitle() const;
     [[nodiscard]] MatrixZoom* zoom() const { return m_controlBar.zoom(); }
+    [[nodiscard]] ToolbarModel* toolbar() { return &m_toolbar; }
     [[nodiscard]] DeviceHeaderModel* header() { return &m_header; }
     [[nodiscard]] RoutingModeClusterModel* modes() { return &m_modes; }
     [[nodiscard]] ControlBarModel* controlBar() { return &m_controlBar; }
@@ -103,6 +108,7 @@ private:
     SerialQueue& m_mainQueue;
     const QUuid m_routerID;
     CorvaneViewContent m_content;
+    ToolbarModel m_toolbar;
     DeviceHeaderModel m_header;
     RoutingModeClusterModel m_modes;
     ControlBarModel m_controlBar;

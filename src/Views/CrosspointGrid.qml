@@ -62,7 +62,7 @@ FocusScope {
         id: menu
 
         active: false
-        sourceComponent: GridMenu {
+        sourceComponent: PortMenu {
             onChosen: position => grid.performMenuEntry(position)
         }
     }

@@ -2,6 +2,7 @@
 
 #include "Theme/Tints.h"
 #include "Views/GridFonts.h"
+#include "Views/PortTexts.h"
 
 #include <algorithm>
 
@@ -169,10 +170,7 @@ GridRowView CrosspointGridModel::row(int position) const
 
 QString CrosspointGridModel::routedLabel(std::optional<qint64> source) const
 {
-    const QList<Port>& all = m_controller->state().sources;
-    if (!source || *source < 0 || *source >= all.size())
-        return QStringLiteral("—");
-    return all.at(*source).label;
+    return portTexts::labelAt(m_controller->state().sources, source).value_or(portTexts::noName());
 }
 
 SourceColumnHeader CrosspointGridModel::column(int position) const
@@ -192,12 +190,11 @@ bool CrosspointGridModel::hasSignalStatus(qint64 source) const
 
 QString CrosspointGridModel::signalHelp(qint64 source) const
 {
-    if (!hasSignalStatus(source))
+    const auto signal = m_controller ? portTexts::signal(m_controller->state(), source) : std::nullopt;
+    if (!signal)
         return QStringLiteral("Double-click to rename");
     const InputSignalStatus status = m_controller->state().inputStatus.value(source);
-    if (!status.present)
-        return QStringLiteral("No signal");
-    return status.format ? QStringLiteral("Signal: ") + *status.format : QStringLiteral("Signal present");
+    return status.present && status.format ? QStringLiteral("Signal: ") + *signal : *signal;
 }
 
 QString CrosspointGridModel::toolTip(GridPlace place) const

@@ -193,7 +193,7 @@ private:
     std::optional<GridPlace> m_hovered;
     std::optional<Press> m_press;
     std::optional<GridPlace> m_menuPlace;
-    QList<GridAction> m_menu;
+    QList<PortAction> m_menu;
 };
 
 } // namespace corvane

@@ -1,4 +1,5 @@
 #include "Views/CrosspointMatrixView.h"
+#include "Views/WheelDistance.h"
 
 #include <QGuiApplication>
 #include <QStyleHints>
@@ -7,16 +8,9 @@ namespace corvane {
 
 namespace {
 
-/// A notch of a wheel is 120 of the angle's units.
-constexpr double angleOfNotch = 120;
-constexpr double pointsOfLine = 24;
-
 QPointF distance(const QWheelEvent& event)
 {
-    const QPointF notches = QPointF(event.angleDelta()) / angleOfNotch;
-    const QPointF points = event.pixelDelta().isNull()
-        ? notches * pointsOfLine * QGuiApplication::styleHints()->wheelScrollLines()
-        : QPointF(event.pixelDelta());
+    const QPointF points = wheelDistance(event.pixelDelta(), event.angleDelta());
     const bool isTurned = event.modifiers().testFlag(Qt::ShiftModifier) && points.x() == 0;
     return isTurned ? points.transposed() : points;
 }
@@ -59,7 +53,7 @@ void CrosspointMatrixView::showFocus(bool isShown)
 
 bool CrosspointMatrixView::actOnKey(const QKeyEvent& event, GridPlace focus)
 {
-    using Kind = GridAction::Kind;
+    using Kind = PortAction::Kind;
     // Ctrl+L and the like are other people's; a key that is held down acts once.
     const bool isPlain =
         !(event.modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier)) && !event.isAutoRepeat();
@@ -74,7 +68,7 @@ bool CrosspointMatrixView::actOnKey(const QKeyEvent& event, GridPlace focus)
         m_actions.take();
         return true;
     case Qt::Key_F2:
-        m_actions.perform(focus.isColumnHeader() ? Kind::renameSource : Kind::renameDestination, focus);
+        m_actions.perform(Kind::rename, focus);
         return true;
     case Qt::Key_L:
         if (!focus.isColumnHeader())
@@ -188,11 +182,7 @@ void CrosspointMatrixView::requestMenu(GridPlace place, QPointF point)
     m_menuPlace = place;
     if (m_menu.isEmpty())
         return;
-    QVariantList entries;
-    for (const GridAction& action : std::as_const(m_menu))
-        entries.append(
-            QVariantMap{{QStringLiteral("text"), action.name}, {QStringLiteral("symbol"), action.symbol}});
-    emit menuRequested(point, entries);
+    emit menuRequested(point, menuEntries(m_menu));
 }
 
 void CrosspointMatrixView::performMenuEntry(int position)

@@ -2,8 +2,6 @@
 
 #include "Views/CrosspointMatrixView.h"
 
-#include <QQuickWindow>
-
 namespace corvane {
 
 namespace {
@@ -25,69 +23,50 @@ void GridAccessible::install()
 }
 
 GridAccessible::GridAccessible(CrosspointMatrixView& view, Tell tell)
-    : QAccessibleObject(&view), m_view(&view), m_tell(std::move(tell))
+    : AccessibleSurface(view, std::move(tell))
 {
     observe();
 }
 
-GridAccessible::~GridAccessible()
-{
-    forgetChildren();
-}
-
 void GridAccessible::observe()
 {
-    const CrosspointGridModel& model = m_view->model();
+    const CrosspointGridModel& model = view()->model();
     QObject::connect(
-        &model, &CrosspointGridModel::rowChanged, &m_context, [this](int row) { tellOfRow(row); });
-    QObject::connect(&model, &CrosspointGridModel::columnChanged, &m_context,
-        [this](int column) { tellOfColumn(column); });
-    QObject::connect(&model, &CrosspointGridModel::looksChanged, &m_context, [this] { tellOfAll(); });
-    QObject::connect(&model, &CrosspointGridModel::portsChanged, &m_context, [this] {
-        forgetChildren();
-        tell(QAccessibleEvent(m_view, QAccessible::ObjectReorder));
+        &model, &CrosspointGridModel::rowChanged, &context(), [this](int row) { tellOfRow(row); });
+    QObject::connect(&model, &CrosspointGridModel::columnChanged, &context(), [this](int column) {
+        tellOf(indexOf({GridPlace::header, column}));
     });
-    // The first part of the view to go; from then on there is nothing to say.
-    QObject::connect(&model, &QObject::destroyed, &m_context, [this] { m_view = nullptr; });
-    QObject::connect(m_view, &CrosspointMatrixView::focusPlaceChanged, &m_context, [this] { tellOfFocus(); });
-    QObject::connect(m_view, &QQuickItem::activeFocusChanged, &m_context, [this] { tellOfFocus(); });
+    QObject::connect(&model, &CrosspointGridModel::looksChanged, &context(), [this] { tellOfAll(); });
+    QObject::connect(&model, &CrosspointGridModel::portsChanged, &context(), [this] { forgetParts(); });
+    // The first part of the view to go.
+    QObject::connect(&model, &QObject::destroyed, &context(), [this] { forgetItem(); });
+    QObject::connect(view(), &CrosspointMatrixView::focusPlaceChanged, &context(), [this] { tellOfFocus(); });
 }
 
-void GridAccessible::forgetChildren()
+CrosspointMatrixView* GridAccessible::view() const
 {
-    for (const QAccessible::Id id : std::exchange(m_children, {}))
-        QAccessible::deleteAccessibleInterface(id);
+    return static_cast<CrosspointMatrixView*>(item());
 }
 
-QWindow* GridAccessible::window() const
+int GridAccessible::partCount() const
 {
-    return m_view ? m_view->window() : nullptr;
-}
-
-QAccessibleInterface* GridAccessible::parent() const
-{
-    for (QQuickItem* item = m_view ? m_view->parentItem() : nullptr; item; item = item->parentItem())
-        if (QAccessibleInterface* const parent = QAccessible::queryAccessibleInterface(item))
-            return parent;
-    return QAccessible::queryAccessibleInterface(window());
-}
-
-int GridAccessible::childCount() const
-{
-    if (!m_view)
-        return 0;
-    const CanvasCellField& field = m_view->layout().field;
-    const int cells = m_view->model().hoverEnabled() ? field.sourceCount * field.destinationCount : 1;
+    const CanvasCellField& field = view()->layout().field;
+    const int cells = view()->model().hoverEnabled() ? field.sourceCount * field.destinationCount : 1;
     return field.sourceCount + field.destinationCount + cells;
 }
 
-GridPlace GridAccessible::placeOf(int index) const
+std::unique_ptr<AccessiblePart> GridAccessible::makePart(int part) const
 {
-    const CanvasCellField& field = m_view->layout().field;
-    if (index < field.sourceCount)
-        return {GridPlace::header, index};
-    const int behindColumns = index - field.sourceCount;
-    if (!m_view->model().hoverEnabled())
+    return std::make_unique<GridAccessibleChild>(*this, part, placeOf(part));
+}
+
+GridPlace GridAccessible::placeOf(int part) const
+{
+    const CanvasCellField& field = view()->layout().field;
+    if (part < field.sourceCount)
+        return {GridPlace::header, part};
+    const int behindColumns = part - field.sourceCount;
+    if (!view()->model().hoverEnabled())
         return behindColumns < field.destinationCount ? GridPlace{behindColumns, GridPlace::header}
                                                       : GridAccessibleChild::field;
     const int rowLength = 1 + field.sourceCount;
@@ -96,78 +75,26 @@ GridPlace GridAccessible::placeOf(int index) const
 
 int GridAccessible::indexOf(GridPlace place) const
 {
-    const CanvasCellField& field = m_view->layout().field;
-    if (place == GridAccessibleChild::field)
-        return childCount() - 1;
+    const CanvasCellField& field = view()->layout().field;
     if (place.isColumnHeader())
         return place.column;
-    const int rowLength = m_view->model().hoverEnabled() ? 1 + field.sourceCount : 1;
+    const bool hasCells = view()->model().hoverEnabled();
+    if (place.isCell() && !hasCells)
+        return partCount() - 1;
+    const int rowLength = hasCells ? 1 + field.sourceCount : 1;
     return field.sourceCount + place.row * rowLength + place.column + 1;
 }
 
-QAccessibleInterface* GridAccessible::child(int index) const
+std::optional<int> GridAccessible::partAt(QPointF point) const
 {
-    return index >= 0 && index < childCount() ? childAt(placeOf(index)) : nullptr;
+    const auto place = view()->layout().placeAt(point);
+    return place ? std::optional(indexOf(*place)) : std::nullopt;
 }
 
-QAccessibleInterface* GridAccessible::childAt(GridPlace place) const
+std::optional<int> GridAccessible::keyboardPart() const
 {
-    QAccessible::Id& id = m_children[place];
-    if (id == 0)
-        id = QAccessible::registerAccessibleInterface(
-            std::make_unique<GridAccessibleChild>(*this, place).release());
-    return QAccessible::accessibleInterface(id);
-}
-
-GridAccessibleChild* GridAccessible::known(GridPlace place) const
-{
-    const auto id = m_children.constFind(place);
-    if (id == m_children.cend())
-        return nullptr;
-    return static_cast<GridAccessibleChild*>(QAccessible::accessibleInterface(*id));
-}
-
-int GridAccessible::indexOfChild(const QAccessibleInterface* child) const
-{
-    const auto* const ours = dynamic_cast<const GridAccessibleChild*>(child);
-    return m_view && ours && known(ours->place()) == ours ? indexOf(ours->place()) : -1;
-}
-
-QAccessibleInterface* GridAccessible::childAt(int x, int y) const
-{
-    if (!m_view)
-        return nullptr;
-    const auto place = m_view->layout().placeAt(m_view->mapFromGlobal(QPointF(x, y)));
-    return place ? childAt(childOf(*place)) : nullptr;
-}
-
-GridPlace GridAccessible::childOf(GridPlace place) const
-{
-    return place.isCell() && !m_view->model().hoverEnabled() ? GridAccessibleChild::field : place;
-}
-
-std::optional<GridPlace> GridAccessible::focusedPlace() const
-{
-    const auto focus = m_view ? m_view->focusPlace() : std::nullopt;
-    if (!focus || !m_view->hasActiveFocus())
-        return std::nullopt;
-    return childOf(*focus);
-}
-
-QAccessibleInterface* GridAccessible::focusChild() const
-{
-    const auto place = focusedPlace();
-    return place ? childAt(*place) : nullptr;
-}
-
-QRect GridAccessible::rect() const
-{
-    return m_view ? onScreen(m_view->boundingRect()) : QRect();
-}
-
-QRect GridAccessible::onScreen(const QRectF& rect) const
-{
-    return QRectF(m_view->mapToGlobal(rect.topLeft()), rect.size()).toRect();
+    const auto place = view()->focusPlace();
+    return place ? std::optional(indexOf(*place)) : std::nullopt;
 }
 
 QString GridAccessible::text(QAccessible::Text kind) const
@@ -175,44 +102,12 @@ QString GridAccessible::text(QAccessible::Text kind) const
     return kind == QAccessible::Name ? QStringLiteral("Crosspoint matrix") : QString();
 }
 
-QAccessible::State GridAccessible::state() const
-{
-    QAccessible::State state;
-    if (!m_view)
-        return state;
-    state.focusable = true;
-    state.focused = m_view->hasActiveFocus();
-    state.invisible = !m_view->isVisible();
-    state.disabled = !m_view->isEnabled();
-    return state;
-}
-
 void GridAccessible::tellOfRow(int row) const
 {
-    const int columns = m_view->layout().field.sourceCount;
-    for (int column = GridPlace::header; column < columns; ++column)
-        if (GridAccessibleChild* const child = known({row, column}))
-            child->tellOfChanges();
-}
-
-void GridAccessible::tellOfColumn(int column) const
-{
-    if (GridAccessibleChild* const child = known({GridPlace::header, column}))
-        child->tellOfChanges();
-}
-
-void GridAccessible::tellOfAll() const
-{
-    const QList<GridPlace> places = m_children.keys();
-    for (const GridPlace place : places)
-        if (GridAccessibleChild* const child = known(place))
-            child->tellOfChanges();
-}
-
-void GridAccessible::tellOfFocus() const
-{
-    if (QAccessibleInterface* const child = focusChild())
-        tell(QAccessibleEvent(child, QAccessible::Focus));
+    const int header = indexOf({row, GridPlace::header});
+    const int cells = view()->model().hoverEnabled() ? view()->layout().field.sourceCount : 0;
+    for (int part = header; part <= header + cells; ++part)
+        tellOf(part);
 }
 
 } // namespace corvane

@@ -34,37 +34,28 @@ void GridActions::doubleClick(GridPlace place)
         return;
     if (place.isRowHeader() && controller()->takeMode() == TakeMode::confirm)
         stage(m_beforeClick);
-    rename(place);
+    perform(PortAction::Kind::rename, place);
 }
 
-void GridActions::rename(GridPlace place)
-{
-    if (place.isColumnHeader())
-        controller()->beginRename(PortKind::source, sourceAt(place));
-    else
-        controller()->beginRename(PortKind::destination, destinationAt(place));
-}
-
-void GridActions::perform(GridAction::Kind kind, GridPlace place)
+void GridActions::perform(PortAction::Kind kind, GridPlace place)
 {
     if (!controller())
         return;
     switch (kind) {
-    case GridAction::Kind::press:
+    case PortAction::Kind::press:
         click(place);
         return;
-    case GridAction::Kind::routeToSelectedDestination:
+    case PortAction::Kind::routeToSelectedDestination:
         if (const auto destination = controller()->pendingDestination())
             routeOrStage(sourceAt(place), *destination);
         return;
-    case GridAction::Kind::renameSource:
-        controller()->beginRename(PortKind::source, sourceAt(place));
+    case PortAction::Kind::rename:
+        controller()->beginRename(portAt(place).kind, portAt(place).index);
         return;
-    case GridAction::Kind::renameDestination:
-        controller()->beginRename(PortKind::destination, destinationAt(place));
-        return;
-    case GridAction::Kind::toggleLock:
+    case PortAction::Kind::toggleLock:
         controller()->toggleLock(destinationAt(place));
+        return;
+    case PortAction::Kind::toggleInGang:
         return;
     }
 }
@@ -75,30 +66,29 @@ void GridActions::take()
         controller()->confirmTake();
 }
 
-QList<GridAction> GridActions::menu(GridPlace place) const
+QList<PortAction> GridActions::menu(GridPlace place) const
 {
-    using Kind = GridAction::Kind;
     if (!controller() || place.isCell())
         return {};
-    if (place.isColumnHeader())
-        return {{Kind::renameSource, QStringLiteral("Rename Source…"), QStringLiteral("pencil")}};
-    const bool isLocked = controller()->state().isLocked(destinationAt(place));
-    return {
-        {Kind::renameDestination, QStringLiteral("Rename Destination…"), QStringLiteral("pencil")},
-        {Kind::toggleLock, isLocked ? QStringLiteral("Unlock") : QStringLiteral("Lock"),
-            isLocked ? QStringLiteral("lock.open") : QStringLiteral("lock")},
-    };
+    return portMenu(*controller(), portAt(place));
 }
 
-QList<GridAction> GridActions::accessibleActions(GridPlace place) const
+QList<PortAction> GridActions::accessibleActions(GridPlace place) const
 {
-    using Kind = GridAction::Kind;
+    using Kind = PortAction::Kind;
     if (!place.isColumnHeader())
         return menu(place);
     return {
         {Kind::routeToSelectedDestination, QStringLiteral("Route to Selected Destination"), {}},
-        {Kind::renameSource, QStringLiteral("Rename"), {}},
+        {Kind::rename, QStringLiteral("Rename"), {}},
     };
+}
+
+PortRef GridActions::portAt(GridPlace place) const
+{
+    if (place.isColumnHeader())
+        return {PortKind::source, sourceAt(place)};
+    return {PortKind::destination, destinationAt(place)};
 }
 
 Staging GridActions::staging() const

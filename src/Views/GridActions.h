@@ -2,19 +2,9 @@
 
 #include "Controllers/RoutingRules.h"
 #include "Views/CrosspointGridModel.h"
+#include "Views/PortActions.h"
 
 namespace corvane {
-
-/// One thing that can be done at a place of the grid, by its menu or by a screen reader.
-struct GridAction {
-    enum class Kind { press, routeToSelectedDestination, renameSource, renameDestination, toggleLock };
-
-    Kind kind = Kind::press;
-    QString name;
-    /// The theme's symbol for it in a menu.
-    QString symbol;
-    bool operator==(const GridAction&) const = default;
-};
 
 /// What gestures at the places of the grid ask of the controller. Does nothing while the grid has none.
 class GridActions {
@@ -26,20 +16,20 @@ public:
     /// Renames at headers, and leaves what the click before it staged as it was: the double click is one
     /// gesture.
     void doubleClick(GridPlace place);
-    void perform(GridAction::Kind kind, GridPlace place);
+    void perform(PortAction::Kind kind, GridPlace place);
     /// Takes what is staged.
     void take();
 
-    [[nodiscard]] QList<GridAction> menu(GridPlace place) const;
+    [[nodiscard]] QList<PortAction> menu(GridPlace place) const;
     /// The named actions for screen readers, besides the press.
-    [[nodiscard]] QList<GridAction> accessibleActions(GridPlace place) const;
+    [[nodiscard]] QList<PortAction> accessibleActions(GridPlace place) const;
 
 private:
     void routeOrStage(qint64 source, qint64 destination);
     void aim(qint64 destination);
-    void rename(GridPlace place);
     [[nodiscard]] Staging staging() const;
     void stage(const Staging& staging);
+    [[nodiscard]] PortRef portAt(GridPlace place) const;
     [[nodiscard]] qint64 sourceAt(GridPlace place) const { return m_model.sources().at(place.column).index; }
     [[nodiscard]] qint64 destinationAt(GridPlace place) const
     {

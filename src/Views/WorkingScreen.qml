@@ -2,7 +2,7 @@ import QtQuick
 import Corvane.Theme
 import Corvane.Views
 
-// A connected router at work: what it is, its grid, and the bar that floats over it.
+// A connected router at work: what it is, its grid or list, and the bar that floats over it.
 FocusScope {
     id: root
 
@@ -39,7 +39,7 @@ FocusScope {
         id: routingArea
 
         anchors.top: headerRow.bottom
-        anchors.topMargin: 12
+        anchors.topMargin: 4
         anchors.bottom: parent.bottom
         width: parent.width
 
@@ -48,9 +48,20 @@ FocusScope {
             active: root.model.content.showsMatrix
             focus: active
             anchors.leftMargin: GlassKit.sideMargin
+            anchors.topMargin: 8
             sourceComponent: CrosspointGrid {
                 controller: root.model.controller
                 cellSize: root.model.zoom.cellSize
+                controlBarClearance: root.model.controlBarClearance
+                focus: true
+            }
+        }
+        Loader {
+            anchors.fill: parent
+            active: root.model.content.showsList
+            focus: active
+            sourceComponent: DestinationListView {
+                controller: root.model.controller
                 controlBarClearance: root.model.controlBarClearance
                 focus: true
             }

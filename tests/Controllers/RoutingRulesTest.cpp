@@ -26,6 +26,26 @@ TEST(RoutingRules, ATakeSwitchesTheLevelsBrokenAwayOrAllOfThem)
     EXPECT_TRUE(routing::activeLevels({}, {0}).isEmpty());
 }
 
+TEST(RoutingRules, ASourceClickAimsAtTheGangOrElseAtTheFocusedDestination)
+{
+    struct Case {
+        const char* name;
+        Selection selection;
+        QList<qint64> targets;
+    };
+    const Case cases[] = {
+        {"nothing", {}, {}},
+        {"the focused one", {3, {}, {}}, {3}},
+        {"the gang, ascending", {{}, {7, 2, 5}, {}}, {2, 5, 7}},
+        {"the gang before the focused one", {3, {7, 2}, {}}, {2, 7}},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(routing::targets(c.selection), c.targets) << c.name;
+        for (qint64 destination = 0; destination < 10; ++destination)
+            EXPECT_EQ(routing::isTarget(c.selection, destination), c.targets.contains(destination)) << c.name;
+    }
+}
+
 TEST(RoutingRules, ATakeIsPendingOnceItHasASourceAndADestination)
 {
     using enum RoutingDirection;

@@ -116,16 +116,17 @@ TEST_F(CorvaneViewModelTest, ChoosesTheRoutingAreasScreen)
         std::optional<std::pair<QList<qint64>, QList<qint64>>> panel;
         RouteViewMode view;
         bool matrix;
+        bool list;
         bool mismatch;
     };
     using Ports = std::pair<QList<qint64>, QList<qint64>>;
     const Case cases[] = {
-        {"the whole router as a grid", std::nullopt, RouteViewMode::matrix, true, false},
-        {"the whole router as a list", std::nullopt, RouteViewMode::list, false, false},
-        {"a panel that fits", Ports{{0}, {1}}, RouteViewMode::matrix, true, false},
-        {"no source of the panel", Ports{{77}, {1}}, RouteViewMode::matrix, false, true},
-        {"no destination of the panel", Ports{{0}, {77}}, RouteViewMode::matrix, false, true},
-        {"no destination, in the list", Ports{{0}, {77}}, RouteViewMode::list, false, true},
+        {"the whole router as a grid", std::nullopt, RouteViewMode::matrix, true, false, false},
+        {"the whole router as a list", std::nullopt, RouteViewMode::list, false, true, false},
+        {"a panel that fits", Ports{{0}, {1}}, RouteViewMode::matrix, true, false, false},
+        {"no source of the panel", Ports{{77}, {1}}, RouteViewMode::matrix, false, false, true},
+        {"no destination of the panel", Ports{{0}, {77}}, RouteViewMode::matrix, false, false, true},
+        {"no destination, in the list", Ports{{0}, {77}}, RouteViewMode::list, false, false, true},
     };
     const auto workspace = openConnected(matrix(4, 4));
     for (const auto& c : cases) {
@@ -135,6 +136,7 @@ TEST_F(CorvaneViewModelTest, ChoosesTheRoutingAreasScreen)
         if (c.panel)
             showPanel(c.panel->first, c.panel->second);
         EXPECT_EQ(workspace->content().showsMatrix, c.matrix);
+        EXPECT_EQ(workspace->content().showsList, c.list);
         EXPECT_EQ(workspace->content().showsMismatch, c.mismatch);
     }
 }

@@ -1,8 +1,7 @@
+#include "AccessibleTest.h"
 #include "GridViewTest.h"
 
 #include "Views/GridAccessible.h"
-
-#include <QAccessible>
 
 namespace corvane {
 
@@ -10,35 +9,10 @@ namespace {
 
 constexpr int header = GridPlace::header;
 
-/// A screen reader that has read everything once and now hears what changes: "kind of event: name of what it
-/// is about".
-class Reader {
-public:
-    explicit Reader(CrosspointMatrixView& view)
-        : m_grid(view, [this](QAccessibleEvent& event) { hear(event); })
-    {
-        for (int i = 0; i < m_grid.childCount(); ++i)
-            (void)m_grid.child(i);
-    }
-
-    [[nodiscard]] std::vector<std::string> heard() { return std::exchange(m_heard, {}); }
-
-private:
-    void hear(const QAccessibleEvent& event)
-    {
-        static const QHash<QAccessible::Event, const char*> kinds{{QAccessible::NameChanged, "name"},
-            {QAccessible::DescriptionChanged, "description"}, {QAccessible::StateChanged, "state"},
-            {QAccessible::Focus, "focus"}, {QAccessible::ObjectReorder, "children"}};
-        m_heard.push_back(std::string(kinds.value(event.type(), "other")) + ": "
-            + event.accessibleInterface()->text(QAccessible::Name).toStdString());
-    }
-
-    std::vector<std::string> m_heard;
-    GridAccessible m_grid;
-};
-
 class GridAccessibleTest : public GridViewTest {
 protected:
+    using Reader = SurfaceReader<GridAccessible>;
+
     void showSimulated(qint64 sources, qint64 destinations)
     {
         RouterState state = matrix(sources, destinations);
@@ -55,12 +29,6 @@ protected:
                 return child;
         return nullptr;
     }
-
-    static void act(QAccessibleInterface* on, const QString& action)
-    {
-        on->actionInterface()->doAction(action);
-    }
-    static void pressOn(QAccessibleInterface* on) { act(on, QAccessibleActionInterface::pressAction()); }
 };
 
 TEST_F(GridAccessibleTest, ReadsOutHeadersAndCells)

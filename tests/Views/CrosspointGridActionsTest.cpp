@@ -7,7 +7,7 @@ namespace corvane {
 namespace {
 
 using Calls = std::vector<std::string>;
-using Kind = GridAction::Kind;
+using Kind = PortAction::Kind;
 
 class GridActionsTest : public ControllerTest {
 protected:
@@ -116,10 +116,10 @@ TEST_F(GridActionsTest, LocksAndUnlocks)
     EXPECT_EQ(told(), Calls{"setLock 4 0 false"});
 }
 
-std::vector<std::string> names(const QList<GridAction>& actions)
+std::vector<std::string> names(const QList<PortAction>& actions)
 {
     std::vector<std::string> result;
-    for (const GridAction& action : actions)
+    for (const PortAction& action : actions)
         result.push_back(action.name.toStdString() + "|" + action.symbol.toStdString());
     return result;
 }

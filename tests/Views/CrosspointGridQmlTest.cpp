@@ -1,9 +1,8 @@
-#include "Views/CrosspointMatrixView.h"
-#include "support/ControllerTest.h"
+#include "QmlTest.h"
 
-#include <QQmlEngine>
+#include "Views/CrosspointMatrixView.h"
+
 #include <QQmlExtensionPlugin>
-#include <QQuickView>
 
 Q_IMPORT_QML_PLUGIN(Corvane_ThemePlugin)
 Q_IMPORT_QML_PLUGIN(Corvane_ViewsPlugin)
@@ -12,25 +11,18 @@ namespace corvane {
 
 namespace {
 
-class CrosspointGridQmlTest : public ControllerTest {
+class CrosspointGridQmlTest : public QmlTest {
 protected:
     void SetUp() override
     {
         connectTo(matrix(64, 64));
-        QObject::connect(window.engine(), &QQmlEngine::warnings, &window,
-            [](const QList<QQmlError>& errors) { ADD_FAILURE() << errors.first().toString().toStdString(); });
-        window.engine()->addImportPath(QStringLiteral(":/qt/qml"));
-        window.setResizeMode(QQuickView::SizeRootObjectToView);
-        window.resize(800, 500);
-        window.setInitialProperties({{QStringLiteral("controller"), QVariant::fromValue(controller.get())},
-            {QStringLiteral("cellSize"), 44}, {QStringLiteral("controlBarClearance"), 60}});
-        window.setSource(QUrl(QStringLiteral("qrc:/qt/qml/Corvane/Views/CrosspointGrid.qml")));
-        window.show();
-        window.grabWindow();
+        load(QStringLiteral("CrosspointGrid.qml"), {800, 500},
+            {{QStringLiteral("controller"), QVariant::fromValue(controller.get())},
+                {QStringLiteral("cellSize"), 44}, {QStringLiteral("controlBarClearance"), 60}});
         view = window.rootObject()->findChild<CrosspointMatrixView*>();
     }
 
-    [[nodiscard]] QObject* find(const char* className) const
+    [[nodiscard]] QObject* findByClass(const char* className) const
     {
         for (QObject* const object : window.rootObject()->findChildren<QObject*>())
             if (object->inherits(className))
@@ -45,7 +37,6 @@ protected:
         return item;
     }
 
-    QQuickView window;
     CrosspointMatrixView* view = nullptr;
 };
 
@@ -55,7 +46,7 @@ TEST_F(CrosspointGridQmlTest, ShowsTheMenuThatTheGridAsksForAndDoesWhatIsChosen)
     QKeyEvent menuKey(QEvent::KeyPress, Qt::Key_Menu, Qt::NoModifier);
     QCoreApplication::sendEvent(view, &menuKey);
 
-    QObject* const menu = find("QQuickMenu");
+    QObject* const menu = findByClass("QQuickMenu");
     ASSERT_NE(menu, nullptr);
     ASSERT_EQ(menu->property("count"), 2);
     EXPECT_EQ(entry(menu, 1)->property("text"), QStringLiteral("Lock"));

@@ -1,7 +1,7 @@
 import QtQuick
 import Corvane.Theme
 
-// The context menu of a header. `entries` are what the grid offers there.
+// The context menu of a port. `entries` are what is offered there.
 GlassMenu {
     id: root
 

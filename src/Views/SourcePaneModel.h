@@ -1,0 +1,27 @@
+#pragma once
+
+#include "Views/PaneModel.h"
+
+namespace corvane {
+
+/// The sources of the list. Destination-led a click sends one to the destinations that are aimed at;
+/// source-led it is the one that destinations are then given.
+class SourcePaneModel : public PaneModel {
+    Q_OBJECT
+
+public:
+    explicit SourcePaneModel(QObject* parent = nullptr);
+
+protected:
+    [[nodiscard]] const QList<Port>& shownPorts(const MatrixController& controller) const override;
+    [[nodiscard]] SelectableRow makeRow(const MatrixController& controller, const Port& port) const override;
+    void tellHeader(const MatrixController& controller, PaneContent& content) const override;
+    void observe(const MatrixController& controller) override;
+    void clickPort(MatrixController& controller, qint64 port) override;
+    [[nodiscard]] bool clickToggles(const MatrixController& controller) const override;
+
+private:
+    void onCrosspoint(qint64 level, qint64 destination);
+};
+
+} // namespace corvane
