@@ -149,6 +149,15 @@ TEST(QuartzParser, WritesTakesWithPortsFromOne)
     EXPECT_EQ(router.parser.commandFor({7, 999, 1151}), ".SV1000,1152\r");
 }
 
+TEST(QuartzParser, StopsAtTheLastNumberThereIs)
+{
+    ConnectedRouter router;
+    constexpr auto last = std::numeric_limits<qint64>::max();
+    EXPECT_EQ(router.parser.commandFor({0, last, last}), ".SV9223372036854775807,9223372036854775807\r");
+    router.hear("?\r");
+    EXPECT_EQ(router.takeSent(), ".IV9223372036854775807\r");
+}
+
 TEST(QuartzParser, ReadsTheDestinationAgainWhoseTakeWasRefused)
 {
     struct Case {
