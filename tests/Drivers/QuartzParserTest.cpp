@@ -19,8 +19,8 @@ const std::string beyond = "refused The device reports ports beyond the configur
 const std::string connected =
     "connected \"Studio\" \"Quartz 4×3\" [In 1|In 2|In 3|In 4] [Out 1|Out 2|Out 3] routes";
 
-struct Router : ParserHarness<QuartzParser> {
-    Router() : ParserHarness(studio(4, 3)) { }
+struct Router : InterrogatingParserHarness<QuartzParser> {
+    Router() : InterrogatingParserHarness(studio(4, 3)) { }
 };
 
 struct ConnectedRouter : Router {
@@ -199,7 +199,7 @@ TEST(QuartzParser, AsksAgainForACommandThatWasNotSentAndKeepsItInMind)
 TEST(QuartzParser, AsksForNoMoreThanARouterCanHave)
 {
     constexpr auto most = std::numeric_limits<qint64>::max();
-    ParserHarness<QuartzParser> router(studio(most, most));
+    InterrogatingParserHarness<QuartzParser> router(studio(most, most));
     router.parser.begin();
     EXPECT_EQ(std::ranges::count(router.sent, '\r'), 65536);
     EXPECT_THAT(router.sent, testing::EndsWith(".IV65536\r"));
