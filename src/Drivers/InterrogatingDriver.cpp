@@ -12,18 +12,16 @@ QCoro::Task<> InterrogatingDriver::takeAll(QList<Route> routes)
     if (routes.isEmpty())
         co_return;
     requireReady();
-    QByteArrayList commands;
-    commands.reserve(routes.size());
-    // One hop for all of them: the thread behind it may be busy with another router.
+    // One hop for all of them: the thread behind it may be busy with another router. And they are sent in it:
+    // answers are told apart by their order alone, so no question of the parser's may get between a command
+    // being noted and its being sent.
     queue().sync([&] {
-        for (const auto& route : std::as_const(routes))
-            commands.append(m_parser->commandFor(route));
+        for (const auto& route : std::as_const(routes)) {
+            sendWhenReady(m_parser->commandFor(route), [parser = m_parser, destination = route.destination] {
+                parser->commandNotSent(destination);
+            });
+        }
     });
-    for (qsizetype i = 0; i < routes.size(); ++i) {
-        send(commands.at(i), [parser = m_parser, destination = routes.at(i).destination] {
-            parser->commandNotSent(destination);
-        });
-    }
 }
 
 QCoro::Task<> InterrogatingDriver::setLock(qint64, qint64, bool)

@@ -82,6 +82,8 @@ QCoro::Task<> KumoDriver::take(qint64 source, qint64 destination, qint64)
         co_return;
     // What the device says it did is the truth, even "nothing".
     const auto actual = zeroBased(*number);
+    // What was polled meanwhile may be older, and come later.
+    ++m_takeEpoch;
     setRoute(destination, actual);
     if (actual != source)
         yield(driverEvent::CommandRefused{

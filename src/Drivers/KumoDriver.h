@@ -64,7 +64,7 @@ private:
     std::stop_source m_pollStop;
     bool m_isConnected = false;
     bool m_isTorn = false;
-    // Takes begun: a polled value that was read while this changed may be stale.
+    // Takes begun and takes read back: a polled value that was read while this changed may be stale.
     qint64 m_takeEpoch = 0;
     qint64 m_sourceCount = 0;
     qint64 m_destinationCount = 0;

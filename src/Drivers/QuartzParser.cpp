@@ -67,8 +67,8 @@ QuartzParser::QuartzParser(const RouterConnection& connection, SerialQueue& queu
 QByteArray QuartzParser::commandFor(const Route& route)
 {
     m_pendingConnects.push_back(route.destination);
-    return ".SV" + QByteArray::number(route.destination + 1) + ',' + QByteArray::number(route.source + 1)
-        + '\r';
+    return ".SV" + QByteArray::number(oneBased(route.destination)) + ','
+        + QByteArray::number(oneBased(route.source)) + '\r';
 }
 
 void QuartzParser::read(std::string_view bytes)
@@ -78,7 +78,7 @@ void QuartzParser::read(std::string_view bytes)
 
 void QuartzParser::interrogate(qint64 destination)
 {
-    say(".IV" + QByteArray::number(destination + 1) + '\r');
+    say(".IV" + QByteArray::number(oneBased(destination)) + '\r');
 }
 
 void QuartzParser::handle(std::string_view line)

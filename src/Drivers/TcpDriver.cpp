@@ -170,6 +170,11 @@ void TcpDriver::requireReady() const
 void TcpDriver::send(const QByteArray& bytes, std::function<void()> recover) const
 {
     requireReady();
+    sendWhenReady(bytes, std::move(recover));
+}
+
+void TcpDriver::sendWhenReady(const QByteArray& bytes, std::function<void()> recover) const
+{
     m_connection->send(bytes, [events = events(), recover = std::move(recover)](const auto& error) {
         if (!error)
             return;

@@ -61,6 +61,10 @@ protected:
     /// and `recover` runs on the queue.
     void send(const QByteArray& bytes, std::function<void()> recover) const;
 
+    /// The same after `requireReady`; also in a hop onto the queue, where nothing that a parser says can come
+    /// between what the hop does and the sending.
+    void sendWhenReady(const QByteArray& bytes, std::function<void()> recover) const;
+
     /// Sends what a parser has to say. Nobody is told if it fails: what it asks for then stays unanswered.
     static void sendFromParser(const std::weak_ptr<TcpConnection>& connection, const QByteArray& bytes);
 

@@ -17,6 +17,10 @@ constexpr auto retryDelay = std::chrono::seconds(1);
 // peer down.
 constexpr qsizetype readBufferSize = 65536;
 
+// Many times what the largest router is asked at once. A peer that does not read while it makes us answer
+// must not fill our memory.
+constexpr qint64 mostUnsent = qint64{16} << 20;
+
 bool canNeverWork(QAbstractSocket::SocketError error)
 {
     switch (error) {
@@ -74,6 +78,10 @@ public:
     {
         if (!std::holds_alternative<Ready>(state()) || !m_socket) {
             completion(QStringLiteral("The connection is not open"));
+            return;
+        }
+        if (m_socket->bytesToWrite() > mostUnsent) {
+            completion(QStringLiteral("The other side does not read what it is sent"));
             return;
         }
         if (m_socket->write(bytes) != bytes.size()) {

@@ -91,7 +91,8 @@ public:
     void receive(qsizetype maximumLength, ReceiveHandler handler);
 
     /// Hands bytes to the system, in the order of the calls. The completion runs on the queue; its error says
-    /// that they could not be handed over. No error does not mean that the peer has them.
+    /// that they could not be handed over, which is also so while a peer has left megabytes unread. No error
+    /// does not mean that the peer has them.
     void send(QByteArray bytes, SendCompletion completion);
 
     /// Ends the connection; the state handler then sees `Cancelled`. Safe to repeat.

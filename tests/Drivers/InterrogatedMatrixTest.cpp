@@ -21,7 +21,7 @@ const std::string unspoken =
 const std::string ports = "connected \"Studio\" \"Babble 3×2\" [In 1|In 2|In 3] [Out 1|Out 2] routes";
 
 /// A matrix whose clock the test moves, and what it had to say. No port number of its protocol passes 1000.
-struct Picture {
+struct Picture : EventHarness {
     explicit Picture(const RouterConnection& router = studio(3, 2))
         : matrix(router, {u"Babble"_s, RouterVendor::lightware, 1000}, queue, events)
     {
@@ -36,21 +36,6 @@ struct Picture {
         return settle();
     }
 
-    Texts wait(Duration time)
-    {
-        queue.advance(time);
-        return settle();
-    }
-
-    Texts settle()
-    {
-        queue.runReady();
-        return log.takeNew();
-    }
-
-    ManualQueue queue;
-    RouterEventStream events;
-    EventLog log{events, queue};
     InterrogatedMatrix matrix;
 };
 

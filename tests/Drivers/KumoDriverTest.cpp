@@ -155,6 +155,26 @@ TEST_F(KumoDriverTest, DropsAPolledValueThatATakeMayHaveOvertaken)
     EXPECT_EQ(reported.back(), RouterDriverEvent(RouteChanged{0, 1, 0}));
 }
 
+TEST_F(KumoDriverTest, DropsAValueThatWasPolledWhileATakeWasUnderWayAndComesAfterItsEffect)
+{
+    connect();
+    kumo.isHeld = true;
+    kumo.ignoresSets = true;
+    take(0, 0);
+    queue.advance(2s);
+    // Asked before the device carried the take out, answered after the take was read back.
+    kumo.set(statusOf(1), "\"1\"");
+    release();
+    ASSERT_EQ(kumo.requests,
+        (QStringList{setting(statusOf(1), u"1"_s), reading(statusOf(1)), reading(statusOf(1))}));
+    std::swap(kumo.held.front(), kumo.held.back());
+    release();
+    EXPECT_EQ(reported, Events{(RouteChanged{0, 0, 0})});
+    release();
+    EXPECT_EQ(reported.size(), 1);
+    EXPECT_EQ(kumo.requests.size(), 3);
+}
+
 TEST_F(KumoDriverTest, FinishesWhatIsUnderWayWhenDisconnectedAndLooksNoMore)
 {
     connect();

@@ -1,14 +1,11 @@
 #pragma once
 
-#include "Drivers/EventText.h"
 #include "Drivers/LW3Parser.h"
-#include "support/ManualQueue.h"
+#include "Drivers/ParserHarness.h"
 
 #include <gmock/gmock.h>
 
 namespace corvane::lw3test {
-
-using Texts = std::vector<std::string>;
 
 inline const std::string nameList = "pr /.ProductName=MX2-2x3\npw /MEDIA/NAMES/VIDEO.I1=1;Cam\n"
                                     "pw /MEDIA/NAMES/VIDEO.I2=1;VTR\npw /MEDIA/NAMES/VIDEO.O1=1;PGM\n"
@@ -32,30 +29,11 @@ inline const std::string statusQuestions = "OPEN /MEDIA/XP/VIDEO\r\nOPEN /MEDIA/
                                            "OPEN /MEDIA/PORTS/VIDEO/I2/STATUS\r\n";
 
 /// A parser whose clock the test moves, and what it had to say.
-struct LW3Device {
-    LW3Device()
+struct LW3Device : ParserHarness<LW3Parser> {
+    LW3Device() : ParserHarness(QStringLiteral("Saved name"))
     {
         parser.onSend([this](const QByteArray& lines) { sent.push_back(lines.toStdString()); });
         parser.begin();
-    }
-
-    /// The events that these bytes cause at once.
-    Texts hear(std::string_view bytes)
-    {
-        parser.ingest(bytes);
-        return settle();
-    }
-
-    Texts wait(Duration time)
-    {
-        queue.advance(time);
-        return settle();
-    }
-
-    Texts settle()
-    {
-        queue.runReady();
-        return log.takeNew();
     }
 
     Texts takeSent() { return std::exchange(sent, {}); }
@@ -69,10 +47,6 @@ struct LW3Device {
         return text;
     }
 
-    ManualQueue queue;
-    RouterEventStream events;
-    EventLog log{events, queue};
-    LW3Parser parser{QStringLiteral("Saved name"), queue, events};
     Texts sent;
 };
 

@@ -19,8 +19,8 @@ const std::string beyond = "refused The device reports ports beyond the configur
 const std::string connected =
     "connected \"Studio\" \"Quartz 4×3\" [In 1|In 2|In 3|In 4] [Out 1|Out 2|Out 3] routes";
 
-struct Router : ParserHarness<QuartzParser> {
-    Router() : ParserHarness(studio(4, 3)) { }
+struct Router : InterrogatingParserHarness<QuartzParser> {
+    Router() : InterrogatingParserHarness(studio(4, 3)) { }
 };
 
 struct ConnectedRouter : Router {
@@ -149,6 +149,15 @@ TEST(QuartzParser, WritesTakesWithPortsFromOne)
     EXPECT_EQ(router.parser.commandFor({7, 999, 1151}), ".SV1000,1152\r");
 }
 
+TEST(QuartzParser, StopsAtTheLastNumberThereIs)
+{
+    ConnectedRouter router;
+    constexpr auto last = std::numeric_limits<qint64>::max();
+    EXPECT_EQ(router.parser.commandFor({0, last, last}), ".SV9223372036854775807,9223372036854775807\r");
+    router.hear("?\r");
+    EXPECT_EQ(router.takeSent(), ".IV9223372036854775807\r");
+}
+
 TEST(QuartzParser, ReadsTheDestinationAgainWhoseTakeWasRefused)
 {
     struct Case {
@@ -190,7 +199,7 @@ TEST(QuartzParser, AsksAgainForACommandThatWasNotSentAndKeepsItInMind)
 TEST(QuartzParser, AsksForNoMoreThanARouterCanHave)
 {
     constexpr auto most = std::numeric_limits<qint64>::max();
-    ParserHarness<QuartzParser> router(studio(most, most));
+    InterrogatingParserHarness<QuartzParser> router(studio(most, most));
     router.parser.begin();
     EXPECT_EQ(std::ranges::count(router.sent, '\r'), 65536);
     EXPECT_THAT(router.sent, testing::EndsWith(".IV65536\r"));

@@ -147,6 +147,61 @@ TEST_F(SWP08DriverTest, ShowsWhatTheRouterDidInstead)
     EXPECT_THAT(running->log.takeNew(), ElementsAre(routeRefused, "route 0:16=9"));
 }
 
+/// A queue that stands for one on another thread: right after a hop onto it, and before the caller is back,
+/// it may go on with something else.
+class BusyQueue final : public SerialQueue {
+public:
+    explicit BusyQueue(ManualQueue& queue) : m_queue(queue) { }
+
+    void async(Function function) override
+    {
+        const auto goOn = std::exchange(afterNextHop, nullptr);
+        if (!goOn) {
+            m_queue.async(std::move(function));
+            return;
+        }
+        function();
+        goOn();
+    }
+    WorkItem after(Duration delay, Function function) override { return m_queue.after(delay, function); }
+    Instant now() const override { return m_queue.now(); }
+    bool isCurrent() const override { return !afterNextHop; }
+
+    std::function<void()> afterNextHop;
+
+private:
+    ManualQueue& m_queue;
+};
+
+TEST_F(SWP08DriverTest, TellsWhichRouteIsRefusedHoweverItsOwnQuestionsFallBetweenCommands)
+{
+    ManualQueue logQueue;
+    BusyQueue busy(queue);
+    auto driver = std::make_unique<SWP08Driver>(saved, busy);
+    EventLog log(driver->events(), logQueue);
+    const auto pump = [&](const auto& condition) { return pumpUntil(condition, {&queue, &logQueue}); };
+    EXPECT_FALSE(outcome(driver->connect()));
+    EXPECT_TRUE(pump([&] { return router.receivedMessages().size() == 18 && router.hasSaidAll(); }));
+    pumpUntilIdle({&queue, &logQueue});
+
+    router.faults().refuseNext = 2;
+    EXPECT_FALSE(outcome(driver->take(3, 16, 0)));
+    queue.runReady();
+    busy.afterNextHop = [&] {
+        EXPECT_TRUE(pumpUntil([&] { return log.contains(routeRefused); }, {&logQueue}));
+        EXPECT_THAT(log.takeNew(), testing::Contains(routeRefused));
+    };
+    EXPECT_FALSE(outcome(driver->take(3, 5, 0)));
+    EXPECT_TRUE(pump([&] { return commands().size() == 4; }));
+    pumpUntilIdle({&queue, &logQueue});
+    EXPECT_THAT(log.takeNew(), ElementsAre(routeRefused));
+    EXPECT_THAT(commands(),
+        ElementsAre(hex("02 00 00 10 03"), hex("02 00 00 05 03"), hex("01 00 00 10"), hex("01 00 00 05")));
+    // What it has left on its queue ends before the queue does.
+    driver.reset();
+    pumpUntilIdle({&queue});
+}
+
 TEST_F(SWP08DriverTest, FollowsARouterWhoseFrameWasSwapped)
 {
     const auto running = connected();

@@ -53,8 +53,8 @@ std::string message(const std::string& hexPayload)
     return wire(body(bytes(hexPayload)));
 }
 
-struct Router : ParserHarness<SWP08Parser> {
-    Router() : ParserHarness(studio(1200, 1200)) { }
+struct Router : InterrogatingParserHarness<SWP08Parser> {
+    Router() : InterrogatingParserHarness(studio(1200, 1200)) { }
 };
 
 struct ConnectedRouter : Router {
@@ -68,7 +68,7 @@ struct ConnectedRouter : Router {
 
 TEST(SWP08Parser, AsksForEveryDestinationAtOnce)
 {
-    ParserHarness<SWP08Parser> router(studio(2, 3));
+    InterrogatingParserHarness<SWP08Parser> router(studio(2, 3));
     router.parser.begin();
     EXPECT_EQ(hex(router.takeSent()),
         "10 02 01 00 00 00 04 FB 10 03 10 02 01 00 00 01 04 FA 10 03 10 02 01 00 00 02 04 F9 10 03");
@@ -235,7 +235,7 @@ TEST(SWP08Parser, AnswersADeliveryInOnePiece)
 
 TEST(SWP08Parser, ConnectsWithWhatTheRouterAnswered)
 {
-    ParserHarness<SWP08Parser> router(studio(2, 3));
+    InterrogatingParserHarness<SWP08Parser> router(studio(2, 3));
     router.parser.begin();
     EXPECT_THAT(router.hear(ack + message("03 00 00 02 01") + message("04 01 00 00 01")), IsEmpty());
     EXPECT_THAT(router.wait(999ms), IsEmpty());
@@ -247,7 +247,7 @@ TEST(SWP08Parser, ConnectsWithWhatTheRouterAnswered)
 
 TEST(SWP08Parser, DoesNotTakeOtherMessagesForAnAnswer)
 {
-    ParserHarness<SWP08Parser> router(studio(2, 3));
+    InterrogatingParserHarness<SWP08Parser> router(studio(2, 3));
     router.parser.begin();
     router.hear(ack + message("08") + message("03 00 00 02") + bytes("10 02 03 00 00 02 05 05 F2 10 03"));
     EXPECT_THAT(router.wait(5s), ElementsAre(testing::StartsWith("error ")));
@@ -277,7 +277,7 @@ TEST(SWP08Parser, MatchesAnswersToCommandsByTheirOrder)
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
-        ParserHarness<SWP08Parser> router(studio(16, 2));
+        InterrogatingParserHarness<SWP08Parser> router(studio(16, 2));
         router.parser.begin();
         (void)router.parser.commandFor({0, 5, 1});
         (void)router.parser.commandFor({0, 7, 1});
@@ -307,7 +307,7 @@ TEST(SWP08Parser, ForgetsTheNewestConnectThatWasNotSent)
 TEST(SWP08Parser, AsksForNoMoreThanCanBeAddressed)
 {
     constexpr auto most = std::numeric_limits<qint64>::max();
-    ParserHarness<SWP08Parser> router(studio(most, most));
+    InterrogatingParserHarness<SWP08Parser> router(studio(most, most));
     router.parser.begin();
     EXPECT_THAT(hex(router.sent), testing::EndsWith("10 02 01 00 F0 7F 04 8C 10 03"));
     const auto questions = QByteArray::fromStdString(router.sent);

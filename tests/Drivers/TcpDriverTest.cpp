@@ -54,6 +54,8 @@ public:
     QCoro::Task<> setLock(qint64, qint64, bool) override { co_return; }
     QCoro::Task<> setLabel(QString, qint64, PortKind) override { co_return; }
 
+    void sayFromParser(const QByteArray& bytes) { m_parser->send(bytes); }
+
     int recoveries = 0;
 
 protected:
@@ -226,6 +228,28 @@ TEST_F(TcpDriverTest, ReportsACommandThatCouldNotBeSent)
     EXPECT_THAT(running->log.takeNew(),
         ElementsAre(closed, "disconnected", testing::StartsWith("refused Couldn't send the command: ")));
     EXPECT_EQ(running->driver->recoveries, 1);
+}
+
+TEST_F(TcpDriverTest, KeepsOnlySoMuchForARouterThatReadsNothing)
+{
+    const auto running = connected();
+    peer->setReadBufferSize(1);
+    // Each comes while the one before still waits: far more than the systems on both sides hold.
+    for (int i = 0; i < 64; ++i)
+        running->driver->sayFromParser(QByteArray(1 << 20, 'x'));
+    running->settle();
+    EXPECT_FALSE(outcome(running->driver->take(1, 0, 0)));
+    running->settle();
+    EXPECT_THAT(running->log.takeNew(),
+        ElementsAre("refused Couldn't send the command: The other side does not read what it is sent"));
+    EXPECT_EQ(running->driver->recoveries, 1);
+
+    peer->setReadBufferSize(0);
+    EXPECT_TRUE(running->pump([&] {
+        const auto read = peer->readAll();
+        EXPECT_FALSE(outcome(running->driver->take(1, 0, 0)));
+        return read.endsWith("TAKE 0 1");
+    })) << "it reads again";
 }
 
 TEST_F(TcpDriverTest, DisconnectsWithoutAWordAndBearsBeingToldTwice)

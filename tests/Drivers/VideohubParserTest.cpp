@@ -1,6 +1,5 @@
 #include "Drivers/VideohubParser.h"
-#include "Drivers/EventText.h"
-#include "support/ManualQueue.h"
+#include "Drivers/ParserHarness.h"
 
 #include <gmock/gmock.h>
 
@@ -12,8 +11,6 @@ using namespace std::chrono_literals;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-using Texts = std::vector<std::string>;
-
 const std::string refusal = "refused The router refused the last command.";
 const std::string device =
     "VIDEOHUB DEVICE:\nModel name: Hub 2x2\nFriendly name: Main\nVideo inputs: 2\nVideo outputs: 2\n\n";
@@ -22,8 +19,8 @@ const std::string end = "END PRELUDE:\n\n";
 const std::string connected = "connected \"Main\" \"Hub 2x2\" [In 1|In 2] [Out 1|Out 2] routes 0=1 1=0";
 
 /// A parser whose clock the test moves, and what it had to say.
-struct Hub {
-    Hub()
+struct Hub : ParserHarness<VideohubParser> {
+    Hub() : ParserHarness(QStringLiteral("Saved name"))
     {
         parser.onResyncNeeded([this] {
             queue.runReady();
@@ -33,29 +30,6 @@ struct Hub {
         });
     }
 
-    /// The events that these bytes cause at once.
-    Texts hear(std::string_view bytes)
-    {
-        parser.ingest(bytes);
-        return settle();
-    }
-
-    Texts wait(Duration time)
-    {
-        queue.advance(time);
-        return settle();
-    }
-
-    Texts settle()
-    {
-        queue.runReady();
-        return log.takeNew();
-    }
-
-    ManualQueue queue;
-    RouterEventStream events;
-    EventLog log{events, queue};
-    VideohubParser parser{QStringLiteral("Saved name"), queue, events};
     Texts queries;
     std::size_t refusalsAtResync = 0;
 };
