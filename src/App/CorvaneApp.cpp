@@ -8,14 +8,23 @@
 
 #include <QGuiApplication>
 
+#include <chrono>
+
 namespace corvane {
+
+namespace {
+
+constexpr std::chrono::seconds patienceWithAnEndingCopy(5);
+
+} // namespace
 
 CorvaneApp::CorvaneApp() : m_lock(dataFolder()) { }
 
 int CorvaneApp::run()
 {
-    if (m_lock.claim() == ProfileLock::Role::latecomer)
-        return m_lock.askOwnerToComeForward() ? EXIT_SUCCESS : EXIT_FAILURE;
+    const auto role = m_lock.claimOrCallOwner(patienceWithAnEndingCopy);
+    if (role != ProfileLock::Role::owner)
+        return role ? EXIT_SUCCESS : EXIT_FAILURE;
     Fonts::load();
     MainQueue mainQueue;
     const auto makeDriver = [&mainQueue](const RouterConnection& connection) {
@@ -25,7 +34,9 @@ int CorvaneApp::run()
     MainWindow window(mainQueue, store);
     QObject::connect(&m_lock, &ProfileLock::cameAnother, &window, &MainWindow::comeForward);
     window.show();
-    return QGuiApplication::exec();
+    const int exitCode = QGuiApplication::exec();
+    m_lock.stopListening();
+    return exitCode;
 }
 
 } // namespace corvane

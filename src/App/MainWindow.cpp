@@ -43,8 +43,8 @@ MainWindow::~MainWindow()
 
 void MainWindow::comeForward()
 {
-    if (windowStates().testFlag(Qt::WindowMinimized))
-        showNormal();
+    // Only that: a window that was full screen before is so again.
+    setWindowStates(windowStates().setFlag(Qt::WindowMinimized, false));
     raise();
     requestActivate();
 }

@@ -194,10 +194,14 @@ std::optional<QUuid> ConnectionStore::firstID() const
 /// Whether there was one.
 bool ConnectionStore::dropController(const QUuid& id)
 {
-    const auto controller = m_controllers.take(id);
+    const auto controller = m_controllers.value(id);
     if (!controller)
         return false;
+    // Still the router's controller while it tells of its end: whoever asks for it upon that must not be
+    // given a new one, made from a record on its way out.
     controller->disconnect();
+    if (m_controllers.value(id) == controller)
+        m_controllers.remove(id);
     // Whoever is being told something by it right now gets to finish.
     m_mainQueue.async([controller] {});
     return true;

@@ -68,25 +68,27 @@ void MatrixController::beginRename(PortKind kind, qint64 index)
 
 void MatrixController::commitRename()
 {
-    if (!m_now.renameTarget)
+    const auto target = m_now.renameTarget;
+    if (!target)
         return;
-    const auto [kind, index] = *m_now.renameTarget;
-    rename(kind, index, m_now.renameDraft);
+    const auto draft = m_now.renameDraft;
+    // Closed first, for whoever hears of the new name may begin the next rename.
     setRenameTarget(std::nullopt);
+    rename(target->kind, target->index, draft);
 }
 
 void MatrixController::rename(PortKind kind, qint64 index, const QString& label)
 {
     m_environment.labelStore.set(label, kind, index, m_connection.id);
+    if (const auto name = text::trimWhiteSpace(label); isConnected() && !name.isEmpty()) {
+        send([name, index, kind](RouterDriver& driver) { return driver.setLabel(name, index, kind); },
+            [](const QString&) {
+                // The custom name is in force already: a router that can't keep names makes no difference to
+                // anyone.
+            });
+    }
+    // Last, for what an observer does upon the new name must reach the router after it.
     applyLabelOverrides();
-    const auto name = text::trimWhiteSpace(label);
-    if (!isConnected() || name.isEmpty())
-        return;
-    send([name, index, kind](RouterDriver& driver) { return driver.setLabel(name, index, kind); },
-        [](const QString&) {
-            // The custom name is in force already: a router that can't keep names makes no difference to
-            // anyone.
-        });
 }
 
 } // namespace corvane

@@ -100,6 +100,8 @@ QString MatrixController::nameForLockMessage(qint64 destination) const
 
 void MatrixController::sendRoutes(const QList<Route>& routes)
 {
+    // What an observer does upon the new tallies must reach the router after them.
+    const Change change(*this);
     QList<Crosspoint> wanted;
     for (const auto& route : routes)
         wanted.append({route.level, route.destination, route.source});
@@ -107,7 +109,7 @@ void MatrixController::sendRoutes(const QList<Route>& routes)
     send([routes](RouterDriver& driver) { return driver.takeAll(routes); },
         [this, before](const QString& description) {
             // Regardless of what was routed since: the router's own reports put the display right.
-            const Change change(*this);
+            const Change rollback(*this);
             writeTallies(before);
             setLastError(description);
         });
@@ -239,12 +241,13 @@ void MatrixController::selectAllDestinations()
 
 void MatrixController::toggleLock(qint64 destination)
 {
+    const Change change(*this);
     const bool wasLocked = m_state.isLocked(destination);
     setLocked(destination, !wasLocked);
     send([destination, level = m_now.primaryLevel, wasLocked](
              RouterDriver& driver) { return driver.setLock(destination, level, !wasLocked); },
         [this, destination, wasLocked](const QString& description) {
-            const Change change(*this);
+            const Change rollback(*this);
             setLocked(destination, wasLocked);
             setLastError(description);
         });

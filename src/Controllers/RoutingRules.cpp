@@ -112,13 +112,4 @@ bool write(RouterState& state, const Crosspoint& crosspoint)
     return true;
 }
 
-QList<Crosspoint> currentTallies(const RouterState& state, const QList<Route>& routes)
-{
-    QList<Crosspoint> tallies;
-    tallies.reserve(routes.size());
-    for (const auto& route : routes)
-        tallies.append({route.level, route.destination, state.source(route.destination, route.level)});
-    return tallies;
-}
-
 } // namespace corvane::routing

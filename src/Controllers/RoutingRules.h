@@ -72,9 +72,6 @@ QSet<qint64> unlocked(const QList<Port>& destinations, const QSet<qint64>& locke
 /// Writes one tally; false when it was so already.
 bool write(RouterState& state, const Crosspoint& crosspoint);
 
-/// What feeds the routes' destinations now: what to write back if the routes can't be sent.
-QList<Crosspoint> currentTallies(const RouterState& state, const QList<Route>& routes);
-
 } // namespace routing
 
 } // namespace corvane

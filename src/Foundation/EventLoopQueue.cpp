@@ -38,6 +38,8 @@ public:
         std::unique_ptr<QEvent> wake;
         {
             const std::lock_guard lock(m_mutex);
+            if (m_isOver)
+                return;
             const auto position = m_waiting.emplace(deadline, std::move(item));
             if (position == m_waiting.begin())
                 wake = wakeEventLocked();
@@ -45,8 +47,17 @@ public:
         post(std::move(wake));
     }
 
-    /// A timer must be stopped on the thread that it runs on.
-    void stopTimer() { m_timer.stop(); }
+    /// A timer must be stopped on the thread that it runs on, and not start again at the end of this turn.
+    void dropWaiting()
+    {
+        std::multimap<Instant, WorkItem> dropped;
+        {
+            const std::lock_guard lock(m_mutex);
+            m_isOver = true;
+            std::swap(dropped, m_waiting);
+        }
+        m_timer.stop();
+    }
 
 protected:
     void customEvent(QEvent*) override { run(); }
@@ -106,6 +117,7 @@ private:
     std::deque<Function> m_ready;
     std::multimap<Instant, WorkItem> m_waiting;
     bool m_wakePosted = false;
+    bool m_isOver = false;
     QBasicTimer m_timer;
 };
 
@@ -135,9 +147,9 @@ bool EventLoopQueue::isCurrent() const
     return QThread::currentThread() == m_turn->thread();
 }
 
-void EventLoopQueue::stopTimers()
+void EventLoopQueue::dropWaiting()
 {
-    m_turn->stopTimer();
+    m_turn->dropWaiting();
 }
 
 MainQueue::MainQueue() : EventLoopQueue(*QThread::currentThread()) { }
@@ -231,7 +243,7 @@ void ThreadQueue::end()
 {
     if (!Living::take(this))
         return;
-    sync([this] { stopTimers(); });
+    sync([this] { dropWaiting(); });
     m_thread->end();
 }
 

@@ -28,8 +28,8 @@ protected:
     explicit EventLoopQueue(QThread& thread);
     ~EventLoopQueue() override;
 
-    /// Call on the queue, before its thread ends: waiting items will not run any more.
-    void stopTimers();
+    /// Call on the queue, before its thread ends: from here on nothing waits for its time.
+    void dropWaiting();
 
 private:
     class Turn;

@@ -129,15 +129,13 @@ private:
     {
         const auto end = state->queue->now() + slice;
         while (takeBatch(*state)) {
-            if (state->stop.stop_requested()) {
-                drop(*state);
-                continue;
-            }
             // The clock is read once in a while, for reading it costs as much as handling a small event.
             for (int i = 0; i < 64 && state->handled < state->batch.size(); ++i) {
-                state->handler(std::move(state->batch[state->handled++]));
-                if (state->stop.stop_requested())
+                if (state->stop.stop_requested()) {
+                    drop(*state);
                     break;
+                }
+                state->handler(std::move(state->batch[state->handled++]));
             }
             if (state->queue->now() >= end) {
                 state->queue->async([state] { handleSlice(state); });

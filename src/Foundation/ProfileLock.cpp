@@ -1,13 +1,15 @@
 #include "Foundation/ProfileLock.h"
 
 #include <QCryptographicHash>
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 #include <QLocalSocket>
 #include <QStandardPaths>
+#include <QThread>
 
 #include <cerrno>
-#include <chrono>
+#include <utility>
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -24,13 +26,37 @@ ProfileLock::ProfileLock(const QString& folder)
 
 ProfileLock::~ProfileLock()
 {
+    stopListening();
+    release();
+}
+
+std::optional<ProfileLock::Role> ProfileLock::claimOrCallOwner(std::chrono::milliseconds patience)
+{
+    constexpr std::chrono::milliseconds pause(20);
+    for (const QDeadlineTimer end(patience); true; QThread::msleep(pause.count())) {
+        if (claim() == Role::owner)
+            return Role::owner;
+        if (askOwnerToComeForward())
+            return Role::latecomer;
+        if (end.hasExpired())
+            return std::nullopt;
+    }
+}
+
+void ProfileLock::stopListening()
+{
     m_server.close();
+}
+
+void ProfileLock::release()
+{
     if (m_descriptor >= 0)
-        ::close(m_descriptor);
+        ::close(std::exchange(m_descriptor, -1));
 }
 
 ProfileLock::Role ProfileLock::claim()
 {
+    release();
     m_descriptor = ::open(QFile::encodeName(m_folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (m_descriptor < 0)
         return Role::owner;

@@ -189,6 +189,29 @@ TEST_F(ConnectionStoreTest, LetsAControllerFinishWhatItIsTellingWhenItIsReplaced
     EXPECT_FALSE(controller);
 }
 
+TEST_F(ConnectionStoreTest, NobodyWhoLooksWhileARouterGoesDownBringsItsControllerBack)
+{
+    const auto store = makeStore({m_a, m_b});
+    QPointer<MatrixController> seen;
+    for (const auto& each : {m_a, m_b}) {
+        auto& controller = store->controller(each);
+        controller.connect();
+        // As a list does that shows the status and still has the old record.
+        QObject::connect(&controller, &MatrixController::statusChanged, store.get(),
+            [&, each] { seen = &store->controller(each); });
+    }
+    auto edited = m_a;
+    edited.host = u"10.0.0.9"_s;
+    store->update(edited);
+    EXPECT_EQ(store->controller(edited).connection(), edited);
+
+    seen.clear();
+    store->remove(m_b);
+    EXPECT_TRUE(seen);
+    m_queue.runReady();
+    EXPECT_FALSE(seen);
+}
+
 TEST_F(ConnectionStoreTest, IgnoresAnEditOfARouterThatIsGone)
 {
     const auto store = makeStore({m_a});

@@ -134,6 +134,19 @@ TEST_F(MatrixControllerLabelsTest, AnInlineRenameIsKeptWhenCommittedAndNotWhenLe
     EXPECT_EQ(source(2), u"Desk"_s);
 }
 
+TEST_F(MatrixControllerLabelsTest, ARenameBegunUponTheLastOneStaysOpen)
+{
+    controller->beginRename(PortKind::source, 2);
+    controller->setRenameDraft(u"Desk"_s);
+    QObject::connect(controller.get(), &MatrixController::labelsChanged, controller.get(),
+        [&] { controller->beginRename(PortKind::source, 3); });
+    controller->commitRename();
+    EXPECT_THAT(told(), ElementsAre("setLabel source 2 Desk"));
+    EXPECT_EQ(source(2), u"Desk"_s);
+    EXPECT_EQ(controller->renameTarget(), (PortRef{PortKind::source, 3}));
+    EXPECT_EQ(controller->renameDraft(), u"In 4"_s);
+}
+
 } // namespace
 
 } // namespace corvane

@@ -48,6 +48,34 @@ TEST_F(MatrixControllerRoutingTest, ATakeThatCannotBeSentIsTakenBackOnEachLevel)
     EXPECT_EQ(lastError(), u"Not connected to the router."_s);
 }
 
+TEST_F(MatrixControllerRoutingTest, WhatAnObserverDoesUponACommandIsSentAfterIt)
+{
+    Salvo salvo;
+    salvo.routes = {{0, 5, 4}};
+    const std::function<void()> commands[] = {
+        [&] { controller->take(4, 5); },
+        [&] { controller->fireSalvo(salvo); },
+        [&] { controller->toggleLock(5); },
+        [&] { controller->rename(PortKind::source, 4, u"Desk"_s); },
+    };
+    for (const auto& command : commands) {
+        connectTo(matrix(10, 10));
+        const QObject observer;
+        const auto answer = [&] { controller->take(1, 2); };
+        QObject::connect(controller.get(), &MatrixController::crosspointChanged, &observer,
+            [&](qint64, qint64 destination) {
+                if (destination == 5)
+                    answer();
+            });
+        QObject::connect(controller.get(), &MatrixController::lockChanged, &observer, answer);
+        QObject::connect(controller.get(), &MatrixController::labelsChanged, &observer, answer);
+        command();
+        const auto calls = told();
+        ASSERT_EQ(calls.size(), 2U);
+        EXPECT_EQ(calls.back(), "takeAll 0:2<1");
+    }
+}
+
 TEST_F(MatrixControllerRoutingTest, TakingBackRestoresWhatItSawWhateverWasTakenSince)
 {
     driver().failure = DriverError::transport(u"cut"_s);

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <numeric>
+#include <stop_token>
 #include <thread>
 
 namespace corvane {
@@ -63,6 +64,68 @@ TEST(EventStream, StopsInTheMiddleOfABatchWhenTold)
     stream.yield(5);
     queue.runReady();
     EXPECT_EQ(seen, numbers(2));
+}
+
+TEST(EventStream, CarriesManyChunksInOrderHoweverTheyWereYielded)
+{
+    ManualQueue queue;
+    const EventStream<int> stream;
+    std::vector<int> seen;
+    int next = 0;
+    for (const int size : {1, 1023, 1, 1024, 1025, 5, 20'000, 0, 700, 700, 1}) {
+        for (int i = 0; i < size % 7; ++i)
+            stream.yield(next++);
+        std::vector<int> batch(size);
+        std::iota(batch.begin(), batch.end(), next);
+        next += size;
+        stream.yield(std::move(batch));
+        if (size == 1025)
+            stream.consume(queue, {}, [&](int event) { seen.push_back(event); });
+    }
+    queue.runReady();
+    EXPECT_EQ(seen, numbers(next));
+}
+
+/// A millisecond passes whenever somebody looks at the clock.
+class TickingQueue final : public SerialQueue {
+public:
+    void async(Function function) override { m_ready.push_back(std::move(function)); }
+    WorkItem after(Duration, Function) override { return {}; }
+    Instant now() const override { return m_now += std::chrono::milliseconds(1); }
+    bool isCurrent() const override { return true; }
+
+    /// False when there was nothing to run.
+    bool runTurn()
+    {
+        if (m_ready.empty())
+            return false;
+        const auto function = std::exchange(m_ready, {});
+        for (const auto& each : function)
+            each();
+        return true;
+    }
+
+private:
+    std::vector<Function> m_ready;
+    mutable Instant m_now;
+};
+
+TEST(EventStream, LetsOthersHaveATurnAlsoWhileItDropsABacklog)
+{
+    TickingQueue queue;
+    const EventStream<std::shared_ptr<int>> stream;
+    std::stop_source stop;
+    stream.consume(queue, stop.get_token(), [&](const std::shared_ptr<int>&) { stop.request_stop(); });
+    const auto watched = std::make_shared<int>();
+    for (int i = 0; i < 100'000; ++i)
+        stream.yield(watched);
+    queue.runTurn();
+    EXPECT_GT(watched.use_count(), 50'000);
+    int turns = 1;
+    while (queue.runTurn())
+        ++turns;
+    EXPECT_GT(turns, 10);
+    EXPECT_EQ(watched.use_count(), 1);
 }
 
 TEST(EventStream, KeepsEventsThatTheHandlerItselfYields)

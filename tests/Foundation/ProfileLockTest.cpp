@@ -8,6 +8,7 @@
 
 #include <array>
 #include <csignal>
+#include <thread>
 
 #include <sys/wait.h>
 #include <unistd.h>
@@ -16,6 +17,7 @@ namespace corvane {
 
 namespace {
 
+using namespace std::chrono_literals;
 using Role = ProfileLock::Role;
 
 class ProfileLockTest : public testing::Test {
@@ -111,6 +113,23 @@ TEST_F(ProfileLockTest, KeepsNobodyOutOnceTheOwnerWasKilled)
     ProfileLock later(m_folder);
     EXPECT_EQ(later.claim(), Role::latecomer);
     EXPECT_TRUE(hears(next, later));
+}
+
+TEST_F(ProfileLockTest, HandsTheFolderToWhoeverComesWhileTheOwnerEnds)
+{
+    auto ending = std::make_unique<ProfileLock>(m_folder);
+    EXPECT_EQ(ending->claim(), Role::owner);
+    ProfileLock early(m_folder);
+    EXPECT_EQ(early.claimOrCallOwner(0ms), Role::latecomer);
+    ending->stopListening();
+    ProfileLock later(m_folder);
+    EXPECT_EQ(later.claimOrCallOwner(0ms), std::nullopt);
+    {
+        const std::jthread end([&] { ending.reset(); });
+        EXPECT_EQ(later.claimOrCallOwner(1min), Role::owner);
+    }
+    EXPECT_EQ(early.claim(), Role::latecomer);
+    EXPECT_TRUE(hears(later, early));
 }
 
 TEST_F(ProfileLockTest, OwnsAFolderThatCantBeLocked)

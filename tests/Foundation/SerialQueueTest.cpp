@@ -111,6 +111,23 @@ TEST(ThreadQueue, RunsWhatIsQueuedBeforeItEnds)
     EXPECT_EQ(runs, 1000);
 }
 
+TEST(ThreadQueue, EndsOnItsOwnThreadWhateverStillWaits)
+{
+    // Qt says so when a timer outlives its thread.
+    const auto before = qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& text) {
+        ADD_FAILURE() << text.toStdString();
+    });
+    const auto held = std::make_shared<int>(0);
+    {
+        ThreadQueue queue(QStringLiteral("test.queue"));
+        queue.after(1h, [held] {});
+        // The queue comes to this one only when it is told to end.
+        queue.async([&queue, held] { queue.async([&queue, held] { queue.after(1h, [held] {}); }); });
+    }
+    qInstallMessageHandler(before);
+    EXPECT_EQ(held.use_count(), 1);
+}
+
 TEST(WorkItem, CancelledReleasesWhatItHoldsAndNeverRuns)
 {
     ManualQueue queue;
