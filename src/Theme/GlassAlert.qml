@@ -3,7 +3,8 @@ import QtQuick.Templates as T
 import Corvane.Theme
 
 // A question in the middle of the window, with everything else dimmed and out of reach. Its children stand between the title
-// and the buttons. Escape and Return do what `cancelled` and `accepted` do.
+// and the buttons. Escape cancels. Return accepts, unless that would destroy something: then it presses the button that has the
+// keyboard, and to begin with that is the one that cancels.
 T.Popup {
     id: root
 
@@ -44,8 +45,8 @@ T.Popup {
         Accessible.name: root.title
         Accessible.description: root.message
         Keys.onEscapePressed: root.cancelled()
-        Keys.onReturnPressed: root.accepted()
-        Keys.onEnterPressed: root.accepted()
+        Keys.onReturnPressed: if (!root.destructive) root.accepted()
+        Keys.onEnterPressed: if (!root.destructive) root.accepted()
 
         Column {
             id: column
@@ -57,6 +58,8 @@ T.Popup {
                 width: parent.width
                 text: root.title
                 font: GlassKit.titleFont
+                wrapMode: Text.Wrap
+                maximumLineCount: 3
             }
             PlainText {
                 visible: text !== ""
@@ -79,12 +82,17 @@ T.Popup {
 
                 GlassButton {
                     text: qsTr("Cancel")
+                    focus: root.destructive
                     onClicked: root.cancelled()
+                    Keys.onReturnPressed: root.cancelled()
+                    Keys.onEnterPressed: root.cancelled()
                 }
                 ProminentButton {
                     text: root.acceptText
                     accent: root.destructive ? GlassKit.red : GlassKit.accent
                     onClicked: root.accepted()
+                    Keys.onReturnPressed: root.accepted()
+                    Keys.onEnterPressed: root.accepted()
                 }
             }
         }
