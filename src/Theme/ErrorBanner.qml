@@ -13,7 +13,10 @@ T.AbstractButton {
     implicitWidth: Math.min(Math.ceil(label.implicitWidth) + 52, maximumWidth)
     implicitHeight: label.implicitHeight + 18
     Accessible.role: Accessible.AlertMessage
+    // Qt makes it a plain button once a screen reader is there.
+    Accessible.onRoleChanged: Accessible.role = Accessible.AlertMessage
     Accessible.name: message
+    Accessible.onPressAction: clicked()
 
     // Opaque beneath the wash, so that it can be read over anything.
     background: GlassSurface {

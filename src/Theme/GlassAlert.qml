@@ -24,6 +24,8 @@ T.Popup {
     modal: true
     focus: true
     closePolicy: T.Popup.NoAutoClose
+    // Seen to have the keyboard, for it is what Return presses.
+    onOpened: if (destructive) cancelButton.forceActiveFocus(Qt.TabFocusReason)
     implicitHeight: contentItem.implicitHeight + topPadding + bottomPadding
 
     T.Overlay.modal: Rectangle {
@@ -81,8 +83,9 @@ T.Popup {
                 spacing: GlassKit.controlSpacing
 
                 GlassButton {
+                    id: cancelButton
+
                     text: qsTr("Cancel")
-                    focus: root.destructive
                     onClicked: root.cancelled()
                     Keys.onReturnPressed: root.cancelled()
                     Keys.onEnterPressed: root.cancelled()

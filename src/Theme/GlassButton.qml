@@ -21,6 +21,7 @@ T.AbstractButton {
     opacity: enabled ? 1 : 0.4
     Accessible.name: text
     Accessible.description: tip
+    Accessible.onPressAction: clicked()
 
     background: Rectangle {
         radius: root.radius

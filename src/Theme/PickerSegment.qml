@@ -12,9 +12,12 @@ T.AbstractButton {
     implicitWidth: row.implicitWidth + 24
     focusPolicy: Qt.NoFocus
     Accessible.role: Accessible.RadioButton
+    // Qt makes it a plain button once a screen reader is there.
+    Accessible.onRoleChanged: Accessible.role = Accessible.RadioButton
     Accessible.name: text
     Accessible.checkable: true
     Accessible.checked: selected
+    Accessible.onPressAction: clicked()
 
     contentItem: Item {
         Row {

@@ -76,7 +76,6 @@ ActionRow {
             width: parent.width
             text: root.name
             font: GlassKit.rowFont
-            horizontalAlignment: Text.AlignLeft
             Accessible.ignored: true
         }
         PlainText {
@@ -84,7 +83,6 @@ ActionRow {
             text: root.endpoint
             font: GlassKit.captionFont
             color: GlassKit.secondary
-            horizontalAlignment: Text.AlignLeft
             Accessible.ignored: true
         }
     }

@@ -82,8 +82,9 @@ void RouterSidebarModel::followMenu()
         emit menuChanged();
 }
 
-void RouterSidebarModel::perform(const RouterCommand& command)
+void RouterSidebarModel::perform(RouterCommand command)
 {
+    closeMenu();
     const int row = m_routers.rowOf(command.router);
     const auto router = m_routers.router(row);
     if (!router || !m_routers.commands(row).contains(command))

@@ -47,8 +47,8 @@ public:
     Q_INVOKABLE void addRouter();
     Q_INVOKABLE void openMenu(int row);
     Q_INVOKABLE void closeMenu();
-    /// A command that its router no longer offers is ignored.
-    Q_INVOKABLE void perform(const corvane::RouterCommand& command);
+    /// Closes the menu. A command that its router no longer offers is ignored.
+    Q_INVOKABLE void perform(corvane::RouterCommand command);
     /// The same by its place among the row's command names.
     Q_INVOKABLE void performAt(int row, int position);
     Q_INVOKABLE void confirmDelete();

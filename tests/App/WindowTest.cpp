@@ -2,7 +2,7 @@
 
 #include "Drivers/SimulatorDriver.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QSettings>
@@ -24,15 +24,21 @@ constexpr auto savedRouters = R"([
 /// Beyond this, the selection is left to the operator.
 constexpr auto launch = 16s;
 
-QAccessibleInterface* findBelow(
-    QAccessibleInterface* interface, const std::function<bool(QAccessibleInterface&)>& isWanted)
+/// Everything that can be seen, from the top down.
+void collect(QAccessibleInterface* interface, QList<QAccessibleInterface*>& found)
 {
-    if (!interface || isWanted(*interface))
-        return interface;
+    if (!interface || interface->state().invisible)
+        return;
+    found.append(interface);
     for (int i = 0; i < interface->childCount(); ++i)
-        if (auto* const found = findBelow(interface->child(i), isWanted))
-            return found;
-    return nullptr;
+        collect(interface->child(i), found);
+}
+
+QList<QAccessibleInterface*> everythingIn(QObject* window)
+{
+    QList<QAccessibleInterface*> found;
+    collect(QAccessible::queryAccessibleInterface(window), found);
+    return found;
 }
 
 } // namespace
@@ -45,6 +51,7 @@ void SteppedAnimations::step(std::chrono::milliseconds duration)
 
 void WindowTest::SetUp()
 {
+    wear(Appearance::light);
     // The operator's preferences stay out of it.
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_folder.path());
     writeFile(m_folder.path(QStringLiteral("connections.json")), savedRouters);
@@ -53,6 +60,7 @@ void WindowTest::SetUp()
     window = std::make_unique<MainWindow>(queue, *store);
     QObject::connect(window->engine(), &QQmlEngine::warnings, window.get(),
         [](const QList<QQmlError>& errors) { ADD_FAILURE() << errors.first().toString().toStdString(); });
+    QAccessible::setActive(true);
     window->show();
     window->requestActivate();
     queue.advance(launch);
@@ -68,6 +76,7 @@ void WindowTest::TearDown()
     window.reset();
     store.reset();
     queue.runReady();
+    QGuiApplication::setPalette(m_paletteBefore);
 }
 
 std::shared_ptr<RouterDriver> WindowTest::makeDriver(const RouterConnection& router)
@@ -92,6 +101,16 @@ void WindowTest::report(const QString& name, RouterDriverEvent event)
 {
     m_drivers.value(router(name).id)->report(std::move(event));
     queue.runReady();
+}
+
+void WindowTest::wear(Appearance appearance)
+{
+    const bool isDark = appearance == Appearance::dark;
+    QPalette palette;
+    palette.setColor(QPalette::Window, isDark ? Qt::black : Qt::white);
+    palette.setColor(QPalette::WindowText, isDark ? Qt::white : Qt::black);
+    QGuiApplication::setPalette(palette);
+    QCoreApplication::processEvents();
 }
 
 void WindowTest::settle()
@@ -119,21 +138,34 @@ void WindowTest::click(Qt::MouseButton button, const QAccessibleInterface& on)
     settle();
 }
 
+QList<QAccessibleInterface*> WindowTest::findAll(QAccessible::Role role) const
+{
+    auto found = everythingIn(window.get());
+    found.removeIf([role](const QAccessibleInterface* interface) { return interface->role() != role; });
+    return found;
+}
+
+QAccessibleInterface* WindowTest::find(QAccessible::Role role) const
+{
+    return findAll(role).value(0);
+}
+
 QAccessibleInterface* WindowTest::find(QAccessible::Role role, const QString& name) const
 {
-    return findBelow(QAccessible::queryAccessibleInterface(window.get()), [&](auto& interface) {
-        return interface.role() == role && interface.text(QAccessible::Name) == name;
-    });
+    auto found = findAll(role);
+    found.removeIf(
+        [&](const QAccessibleInterface* interface) { return interface->text(QAccessible::Name) != name; });
+    return found.value(0);
 }
 
 QAccessibleInterface* WindowTest::focused() const
 {
-    return findBelow(QAccessible::queryAccessibleInterface(window.get()),
-        [&](auto& interface) { return interface.object() && interface.object() == static_cast<QObject*>(window->activeFocusItem()); });
+    return QAccessible::queryAccessibleInterface(window->activeFocusItem());
 }
 
 void WindowTest::act(QAccessibleInterface* on, const QString& action)
 {
+    ASSERT_NE(on, nullptr) << "Nothing there to " << action.toStdString();
     on->actionInterface()->doAction(action);
     settle();
 }

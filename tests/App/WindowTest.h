@@ -7,6 +7,7 @@
 
 #include <QAccessible>
 #include <QAnimationDriver>
+#include <QPalette>
 
 #include <gmock/gmock.h>
 
@@ -35,12 +36,19 @@ protected:
     /// What the router's driver says. It has been told to connect when the window came up.
     void report(const QString& name, RouterDriverEvent event);
 
+    enum class Appearance { light, dark };
+    /// As if the desktop were set so. A window comes up light.
+    static void wear(Appearance appearance);
+
     /// Lets everything that is under way arrive.
     void settle();
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void click(Qt::MouseButton button, const QAccessibleInterface& on);
 
-    /// What a screen reader finds; null if there is no such thing.
+    /// What a screen reader finds in the window, hidden things left out.
+    [[nodiscard]] QList<QAccessibleInterface*> findAll(QAccessible::Role role) const;
+    /// The first; null if there is no such thing.
+    [[nodiscard]] QAccessibleInterface* find(QAccessible::Role role) const;
     [[nodiscard]] QAccessibleInterface* find(QAccessible::Role role, const QString& name) const;
     /// Null if nothing has the keyboard.
     [[nodiscard]] QAccessibleInterface* focused() const;
@@ -53,6 +61,7 @@ protected:
 private:
     [[nodiscard]] std::shared_ptr<RouterDriver> makeDriver(const RouterConnection& router);
 
+    const QPalette m_paletteBefore;
     TemporaryFolder m_folder;
     SteppedAnimations m_animations;
     QHash<QUuid, std::shared_ptr<FakeDriver>> m_drivers;
