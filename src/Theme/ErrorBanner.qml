@@ -13,8 +13,6 @@ T.AbstractButton {
     implicitWidth: Math.min(Math.ceil(label.implicitWidth) + 52, maximumWidth)
     implicitHeight: label.implicitHeight + 18
     Accessible.role: Accessible.AlertMessage
-    // Qt makes it a plain button once a screen reader is there.
-    Accessible.onRoleChanged: Accessible.role = Accessible.AlertMessage
     Accessible.name: message
     Accessible.onPressAction: clicked()
 

@@ -11,15 +11,16 @@ T.AbstractButton {
 
     implicitWidth: row.implicitWidth + 24
     focusPolicy: Qt.NoFocus
-    Accessible.role: Accessible.RadioButton
-    // Qt makes it a plain button once a screen reader is there.
-    Accessible.onRoleChanged: Accessible.role = Accessible.RadioButton
-    Accessible.name: text
-    Accessible.checkable: true
-    Accessible.checked: selected
-    Accessible.onPressAction: clicked()
+    // To screen readers Qt makes every control of this kind a plain button; what it contains speaks for it.
+    Accessible.ignored: true
 
     contentItem: Item {
+        Accessible.role: Accessible.RadioButton
+        Accessible.name: root.text
+        Accessible.checkable: true
+        Accessible.checked: root.selected
+        Accessible.onPressAction: root.clicked()
+
         Row {
             id: row
 

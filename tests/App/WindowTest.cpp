@@ -60,7 +60,6 @@ void WindowTest::SetUp()
     window = std::make_unique<MainWindow>(queue, *store);
     QObject::connect(window->engine(), &QQmlEngine::warnings, window.get(),
         [](const QList<QQmlError>& errors) { ADD_FAILURE() << errors.first().toString().toStdString(); });
-    QAccessible::setActive(true);
     window->show();
     window->requestActivate();
     queue.advance(launch);
