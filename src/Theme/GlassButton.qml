@@ -21,7 +21,9 @@ T.AbstractButton {
     opacity: enabled ? 1 : 0.4
     Accessible.name: text
     Accessible.description: tip
-    Accessible.onPressAction: clicked()
+    // A screen reader's press reaches no button by itself.
+    Accessible.onPressAction: if (enabled)
+        clicked()
 
     background: Rectangle {
         radius: root.radius

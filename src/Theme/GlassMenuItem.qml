@@ -14,7 +14,8 @@ T.MenuItem {
     implicitHeight: visible ? 28 : 0
     opacity: enabled ? 1 : 0.4
     Accessible.name: text
-    Accessible.onPressAction: clicked()
+    Accessible.onPressAction: if (enabled)
+        clicked()
     Keys.onReturnPressed: clicked()
     Keys.onEnterPressed: clicked()
 

@@ -3,7 +3,7 @@ import QtQuick.Templates as T
 import Corvane.Theme
 
 // One segment of a `SegmentedPicker`.
-T.AbstractButton {
+T.RadioButton {
     id: root
 
     required property bool selected
@@ -11,16 +11,13 @@ T.AbstractButton {
 
     implicitWidth: row.implicitWidth + 24
     focusPolicy: Qt.NoFocus
-    // To screen readers Qt makes every control of this kind a plain button; what it contains speaks for it.
-    Accessible.ignored: true
+    checked: selected
+    Accessible.name: text
+    Accessible.ignored: !visible
+    Accessible.onPressAction: clicked()
+    Accessible.onToggleAction: clicked()
 
     contentItem: Item {
-        Accessible.role: Accessible.RadioButton
-        Accessible.name: root.text
-        Accessible.checkable: true
-        Accessible.checked: root.selected
-        Accessible.onPressAction: root.clicked()
-
         Row {
             id: row
 

@@ -30,7 +30,7 @@ RouterListModel::RouterListModel(ConnectionStore& store, const GlassKit& theme, 
 
 int RouterListModel::rowCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
+    return parent.isValid() ? 0 : count();
 }
 
 QVariant RouterListModel::data(const QModelIndex& index, int role) const
@@ -108,7 +108,7 @@ void RouterListModel::removeAllBut(const QList<RouterConnection>& connections)
     QSet<QUuid> kept;
     for (const auto& connection : connections)
         kept.insert(connection.id);
-    for (int row = rowCount() - 1; row >= 0; --row) {
+    for (int row = count() - 1; row >= 0; --row) {
         if (kept.contains(m_rows.at(row).id()))
             continue;
         beginRemoveRows({}, row, row);
@@ -122,8 +122,9 @@ void RouterListModel::adopt(const QList<RouterConnection>& connections)
     QList<Row> rows;
     for (const auto& connection : connections)
         rows.append({connection, &m_store.controller(connection)});
-    const int known = rowCount();
-    if (!std::ranges::equal(m_rows, rows.first(std::min(m_rows.size(), rows.size())), {}, &Row::id, &Row::id)) {
+    const int known = count();
+    if (!std::ranges::equal(
+            m_rows, rows.first(std::min(m_rows.size(), rows.size())), {}, &Row::id, &Row::id)) {
         beginResetModel();
         m_rows = rows;
         endResetModel();
@@ -142,16 +143,18 @@ void RouterListModel::adopt(const QList<RouterConnection>& connections)
 void RouterListModel::observeRows()
 {
     m_observation = std::make_unique<QObject>();
-    for (int row = 0; row < rowCount(); ++row) {
-        connect(m_rows.at(row).controller, &MatrixController::statusChanged, m_observation.get(),
-            [this, row] { emit dataChanged(index(row), index(row), {statusRole, commandNamesRole}); });
+    for (int row = 0; row < count(); ++row) {
+        connect(
+            m_rows.at(row).controller, &MatrixController::statusChanged, m_observation.get(), [this, row] {
+                emit dataChanged(index(row), index(row), {statusRole, commandNamesRole});
+            });
     }
 }
 
 void RouterListModel::tellOfAllRows()
 {
     if (!m_rows.isEmpty())
-        emit dataChanged(index(0), index(rowCount() - 1));
+        emit dataChanged(index(0), index(count() - 1));
 }
 
 void RouterListModel::updateSelectedRow()

@@ -52,7 +52,8 @@ private:
         bool operator==(const Row&) const = default;
     };
 
-    [[nodiscard]] bool contains(int row) const { return row >= 0 && row < m_rows.size(); }
+    [[nodiscard]] int count() const { return static_cast<int>(m_rows.size()); }
+    [[nodiscard]] bool contains(int row) const { return row >= 0 && row < count(); }
     void reload();
     void removeAllBut(const QList<RouterConnection>& connections);
     void adopt(const QList<RouterConnection>& connections);

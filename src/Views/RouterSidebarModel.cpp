@@ -36,7 +36,8 @@ QString RouterSidebarModel::deleteMessage() const
     const auto salvos = m_store.salvoStore().byConnection().value(idText(m_deleting->id)).size();
     if (panels == 0 && salvos == 0)
         return QStringLiteral("Its saved settings and custom labels cannot be recovered.");
-    return QStringLiteral("Also deletes %1, %2, and any custom labels for this router — none can be recovered.")
+    return QStringLiteral(
+        "Also deletes %1, %2, and any custom labels for this router — none can be recovered.")
         .arg(text::counted(panels, QStringLiteral("panel")), text::counted(salvos, QStringLiteral("salvo")));
 }
 
@@ -53,9 +54,9 @@ void RouterSidebarModel::addRouter()
     edit(std::nullopt);
 }
 
-void RouterSidebarModel::edit(std::optional<RouterConnection> router)
+void RouterSidebarModel::edit(const std::optional<RouterConnection>& router)
 {
-    m_editing = std::move(router);
+    m_editing = router;
     setShowingEditor(true);
 }
 
@@ -82,7 +83,7 @@ void RouterSidebarModel::followMenu()
         emit menuChanged();
 }
 
-void RouterSidebarModel::perform(RouterCommand command)
+void RouterSidebarModel::perform(const RouterCommand& command)
 {
     closeMenu();
     const int row = m_routers.rowOf(command.router);
@@ -123,7 +124,7 @@ void RouterSidebarModel::cancelDelete()
     setDeleting(std::nullopt);
 }
 
-void RouterSidebarModel::setDeleting(std::optional<RouterConnection> router)
+void RouterSidebarModel::setDeleting(const std::optional<RouterConnection>& router)
 {
     if (std::exchange(m_deleting, router) != router)
         emit deletingChanged();

@@ -16,8 +16,7 @@ class RouterSidebarModel : public QObject {
     QML_UNCREATABLE("Belongs to a ContentViewModel")
     Q_PROPERTY(corvane::RouterListModel* routers READ routers CONSTANT FINAL)
     /// The window is asked to show the router editor. Whoever closes it sets this back.
-    Q_PROPERTY(
-        bool showingEditor READ showingEditor WRITE setShowingEditor NOTIFY showingEditorChanged FINAL)
+    Q_PROPERTY(bool showingEditor READ showingEditor WRITE setShowingEditor NOTIFY showingEditorChanged FINAL)
     Q_PROPERTY(bool isDeleting READ isDeleting NOTIFY deletingChanged FINAL)
     Q_PROPERTY(QString deleteTitle READ deleteTitle NOTIFY deletingChanged FINAL)
     Q_PROPERTY(QString deleteMessage READ deleteMessage NOTIFY deletingChanged FINAL)
@@ -48,7 +47,7 @@ public:
     Q_INVOKABLE void openMenu(int row);
     Q_INVOKABLE void closeMenu();
     /// Closes the menu. A command that its router no longer offers is ignored.
-    Q_INVOKABLE void perform(corvane::RouterCommand command);
+    Q_INVOKABLE void perform(const corvane::RouterCommand& command);
     /// The same by its place among the row's command names.
     Q_INVOKABLE void performAt(int row, int position);
     Q_INVOKABLE void confirmDelete();
@@ -64,8 +63,8 @@ signals:
     void menuRequested(int row);
 
 private:
-    void edit(std::optional<RouterConnection> router);
-    void setDeleting(std::optional<RouterConnection> router);
+    void edit(const std::optional<RouterConnection>& router);
+    void setDeleting(const std::optional<RouterConnection>& router);
     void followDeleting();
     void followMenu();
     [[nodiscard]] bool actOnSelected(int key);

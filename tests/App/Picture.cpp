@@ -12,7 +12,7 @@ namespace {
 
 /// Of 255. The faintest thing we draw, a hairline of 6 %, makes a difference of 15.
 constexpr int roundingLevels = 6;
-/// The smallest thing we draw, a lamp of 4 by 4, has more pixels.
+/// The smallest thing we draw, a dot of 5 by 5, has twice as many.
 constexpr int strayPixels = 10;
 
 struct Difference {

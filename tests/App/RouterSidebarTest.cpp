@@ -191,6 +191,17 @@ TEST_F(RouterSidebarTest, DeletesOneAfterTheOtherUntilNoneIsLeft)
     EXPECT_EQ(dialog(), nullptr);
 }
 
+TEST_F(RouterSidebarTest, KeepsTheSelectionWhenAnotherRouterGoes)
+{
+    choose(u"KUMO Stage"_s);
+    for (const auto& name : {u"Studio Videohub"_s, u"MX2 Conference"_s}) {
+        act(row(name), u"Delete…"_s);
+        act(button(u"Delete"_s), QAccessibleActionInterface::pressAction());
+        EXPECT_TRUE(row(u"KUMO Stage"_s)->state().selected);
+        EXPECT_EQ(nameOfFocused(), u"KUMO Stage"_s);
+    }
+}
+
 TEST_F(RouterSidebarTest, ARouterThatGoesTakesItsMenuAndItsDialogAlong)
 {
     click(Qt::RightButton, *row(u"KUMO Stage"_s));

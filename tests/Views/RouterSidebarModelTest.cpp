@@ -128,7 +128,8 @@ TEST_F(RouterSidebarModelTest, TellsBeforeADeletionWhatGoesWithTheRouter)
         QString message;
     };
     const auto lost = [](const QString& counts) {
-        return u"Also deletes %1, and any custom labels for this router — none can be recovered."_s.arg(counts);
+        return u"Also deletes %1, and any custom labels for this router — none can be recovered."_s.arg(
+            counts);
     };
     const Case cases[] = {
         {0, 0, u"Its saved settings and custom labels cannot be recovered."_s},
