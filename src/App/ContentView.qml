@@ -15,7 +15,7 @@ FocusScope {
 
         width: divider.position
         height: parent.height
-        routers: root.model.routers
+        model: root.model.sidebar
     }
     FocusScope {
         id: detail

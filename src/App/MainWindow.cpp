@@ -2,6 +2,7 @@
 
 #include <QQmlEngine>
 #include <QQmlExtensionPlugin>
+#include <QQuickItem>
 
 #include <chrono>
 
@@ -56,6 +57,14 @@ void MainWindow::showContent()
     engine()->addImportPath(QStringLiteral("qrc:/qt/qml"));
     setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&m_model)}});
     setSource(QUrl(QStringLiteral("qrc:/qt/qml/Corvane/App/ContentView.qml")));
+    connect(this, &QQuickWindow::activeFocusItemChanged, this, &MainWindow::returnKeyboard);
+}
+
+/// A menu or a dialog that closes leaves the keyboard to nobody; it goes back to where it was.
+void MainWindow::returnKeyboard()
+{
+    if (rootObject() && activeFocusItem() == contentItem())
+        rootObject()->setFocus(true, Qt::PopupFocusReason);
 }
 
 void MainWindow::startOnceUp(SerialQueue& mainQueue)

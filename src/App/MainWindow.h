@@ -24,6 +24,7 @@ public:
 private:
     void showContent();
     void startOnceUp(SerialQueue& mainQueue);
+    void returnKeyboard();
 
     UserDefaults m_defaults;
     MatrixZoom m_zoom;

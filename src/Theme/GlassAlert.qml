@@ -3,7 +3,8 @@ import QtQuick.Templates as T
 import Corvane.Theme
 
 // A question in the middle of the window, with everything else dimmed and out of reach. Its children stand between the title
-// and the buttons. Escape and Return do what `cancelled` and `accepted` do.
+// and the buttons. Escape cancels. Return accepts, unless that would destroy something: then it presses the button that has the
+// keyboard, and to begin with that is the one that cancels.
 T.Popup {
     id: root
 
@@ -23,6 +24,8 @@ T.Popup {
     modal: true
     focus: true
     closePolicy: T.Popup.NoAutoClose
+    // Seen to have the keyboard, for it is what Return presses.
+    onOpened: if (destructive) cancelButton.forceActiveFocus(Qt.TabFocusReason)
     implicitHeight: contentItem.implicitHeight + topPadding + bottomPadding
 
     T.Overlay.modal: Rectangle {
@@ -44,8 +47,8 @@ T.Popup {
         Accessible.name: root.title
         Accessible.description: root.message
         Keys.onEscapePressed: root.cancelled()
-        Keys.onReturnPressed: root.accepted()
-        Keys.onEnterPressed: root.accepted()
+        Keys.onReturnPressed: if (!root.destructive) root.accepted()
+        Keys.onEnterPressed: if (!root.destructive) root.accepted()
 
         Column {
             id: column
@@ -57,6 +60,8 @@ T.Popup {
                 width: parent.width
                 text: root.title
                 font: GlassKit.titleFont
+                wrapMode: Text.Wrap
+                maximumLineCount: 3
             }
             PlainText {
                 visible: text !== ""
@@ -78,13 +83,19 @@ T.Popup {
                 spacing: GlassKit.controlSpacing
 
                 GlassButton {
+                    id: cancelButton
+
                     text: qsTr("Cancel")
                     onClicked: root.cancelled()
+                    Keys.onReturnPressed: root.cancelled()
+                    Keys.onEnterPressed: root.cancelled()
                 }
                 ProminentButton {
                     text: root.acceptText
                     accent: root.destructive ? GlassKit.red : GlassKit.accent
                     onClicked: root.accepted()
+                    Keys.onReturnPressed: root.accepted()
+                    Keys.onEnterPressed: root.accepted()
                 }
             }
         }

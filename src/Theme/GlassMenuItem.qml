@@ -10,13 +10,14 @@ T.MenuItem {
     property bool destructive: false
     readonly property color ink: highlighted ? GlassKit.onTint : destructive ? GlassKit.tintText(GlassKit.red) : GlassKit.text
 
-    width: parent ? parent.width : implicitWidth
     implicitWidth: 10 + (symbol === "" ? 0 : 24) + label.implicitWidth + 16
     implicitHeight: visible ? 28 : 0
     opacity: enabled ? 1 : 0.4
     Accessible.name: text
     Accessible.onPressAction: if (enabled)
         clicked()
+    Keys.onReturnPressed: clicked()
+    Keys.onEnterPressed: clicked()
 
     background: Rectangle {
         radius: 6

@@ -6,6 +6,8 @@ Text {
     font: GlassKit.bodyFont
     color: GlassKit.text
     textFormat: Text.PlainText
+    // Names of any script begin where all others do.
+    horizontalAlignment: Text.AlignLeft
     elide: Text.ElideRight
     maximumLineCount: 1
 }

@@ -9,7 +9,7 @@ Item {
 
     implicitWidth: 9
     implicitHeight: 9
-    Accessible.role: Accessible.Indicator
+    Accessible.role: Accessible.StaticText
     Accessible.name: status.word
     Accessible.ignored: !visible
 
@@ -21,7 +21,8 @@ Item {
             required property int index
 
             anchors.centerIn: parent
-            width: 11 + 3 * index
+            // Odd, like the lamp, so that they share its centre.
+            width: 11 + 4 * index
             height: width
             radius: width / 2
             color: GlassKit.faded(root.status.color, 0.7 / (3 + 3 * index))

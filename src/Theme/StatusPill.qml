@@ -11,7 +11,7 @@ Rectangle {
     implicitHeight: content.implicitHeight + 10
     radius: height / 2
     color: GlassKit.faded(status.color, 0.15)
-    Accessible.role: Accessible.Indicator
+    Accessible.role: Accessible.StaticText
     Accessible.name: status.word
     Accessible.ignored: !visible
 

@@ -3,7 +3,7 @@
 namespace corvane {
 
 ContentViewModel::ContentViewModel(const CorvaneViewModel::Environment& environment, ConnectionStore& store)
-    : m_environment(environment), m_store(store), m_routers(store, environment.theme)
+    : m_environment(environment), m_store(store), m_sidebar(store, environment.theme)
 {
     connect(&store, &ConnectionStore::connectionsChanged, this, &ContentViewModel::update);
     connect(&store, &ConnectionStore::selectedConnectionIDChanged, this, &ContentViewModel::update);

@@ -1,13 +1,13 @@
 #pragma once
 
 #include "Views/CorvaneViewModel.h"
-#include "Views/RouterListModel.h"
+#include "Views/RouterSidebarModel.h"
 
 #include <QVariantList>
 
 namespace corvane {
 
-/// The main window: the list of routers on one side, the workspace of the selected one on the other.
+/// The main window: the sidebar of routers on one side, the workspace of the selected one on the other.
 ///
 /// Each router gets a workspace of its own when it is selected, so that nothing of one router's dialogs is
 /// left for the next; an edited router keeps its workspace. Main thread.
@@ -15,7 +15,7 @@ class ContentViewModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("There is one for the window")
-    Q_PROPERTY(corvane::RouterListModel* routers READ routers CONSTANT FINAL)
+    Q_PROPERTY(corvane::RouterSidebarModel* sidebar READ sidebar CONSTANT FINAL)
     /// The workspace, or nothing when no router is selected: a list, for a screen to be built anew for each
     /// workspace.
     Q_PROPERTY(QVariantList workspaces READ workspaces NOTIFY workspaceChanged FINAL)
@@ -26,7 +26,7 @@ public:
     ContentViewModel(const CorvaneViewModel::Environment& environment, ConnectionStore& store);
     ~ContentViewModel() override;
 
-    [[nodiscard]] RouterListModel* routers() { return &m_routers; }
+    [[nodiscard]] RouterSidebarModel* sidebar() { return &m_sidebar; }
     /// Null when no router is selected.
     [[nodiscard]] CorvaneViewModel* workspace() const { return m_workspace.get(); }
     [[nodiscard]] QVariantList workspaces() const;
@@ -45,7 +45,7 @@ private:
 
     CorvaneViewModel::Environment m_environment;
     ConnectionStore& m_store;
-    RouterListModel m_routers;
+    RouterSidebarModel m_sidebar;
     /// Screens, too, die on the event loop's next turn.
     struct DeleteLater {
         void operator()(QObject* object) const { object->deleteLater(); }

@@ -2,16 +2,19 @@
 
 #include "Theme/Tints.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace corvane {
 
 namespace {
 
-QList<QUuid> ids(const QList<RouterConnection>& connections)
+QStringList commandNames(const QList<RouterCommand>& commands)
 {
-    QList<QUuid> ids;
-    for (const auto& connection : connections)
-        ids.append(connection.id);
-    return ids;
+    QStringList names;
+    for (const auto& command : commands)
+        names.append(command.text);
+    return names;
 }
 
 } // namespace
@@ -27,14 +30,14 @@ RouterListModel::RouterListModel(ConnectionStore& store, const GlassKit& theme, 
 
 int RouterListModel::rowCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
+    return parent.isValid() ? 0 : count();
 }
 
 QVariant RouterListModel::data(const QModelIndex& index, int role) const
 {
-    if (!index.isValid() || index.row() >= m_rows.size())
+    if (!contains(index.row()))
         return {};
-    const auto& connection = m_rows.at(index.row());
+    const auto& connection = m_rows.at(index.row()).connection;
     switch (role) {
     case Qt::DisplayRole:
     case nameRole:
@@ -46,7 +49,9 @@ QVariant RouterListModel::data(const QModelIndex& index, int role) const
     case tintRole:
         return routerColor(connection, m_theme.palette());
     case statusRole:
-        return QVariant::fromValue(statusLook(m_store.controller(connection).status(), m_theme.palette()));
+        return QVariant::fromValue(statusLook(m_rows.at(index.row()).status(), m_theme.palette()));
+    case commandNamesRole:
+        return commandNames(commands(index.row()));
     default:
         return {};
     }
@@ -55,49 +60,107 @@ QVariant RouterListModel::data(const QModelIndex& index, int role) const
 QHash<int, QByteArray> RouterListModel::roleNames() const
 {
     return {{nameRole, "name"}, {endpointRole, "endpoint"}, {symbolRole, "symbol"}, {tintRole, "tint"},
-        {statusRole, "status"}};
+        {statusRole, "status"}, {commandNamesRole, "commandNames"}};
 }
 
 void RouterListModel::select(int row)
 {
-    if (row >= 0 && row < m_rows.size())
-        m_store.setSelectedConnectionID(m_rows.at(row).id);
+    if (contains(row))
+        m_store.setSelectedConnectionID(m_rows.at(row).connection.id);
+}
+
+std::optional<RouterConnection> RouterListModel::router(int row) const
+{
+    return contains(row) ? std::optional(m_rows.at(row).connection) : std::nullopt;
+}
+
+int RouterListModel::rowOf(const QUuid& id) const
+{
+    const auto found = std::ranges::find(m_rows, id, &Row::id);
+    return found == m_rows.cend() ? -1 : static_cast<int>(found - m_rows.cbegin());
+}
+
+QList<RouterCommand> RouterListModel::commands(int row) const
+{
+    if (!contains(row))
+        return {};
+    return routerCommands(m_rows.at(row).connection.id, m_rows.at(row).status());
+}
+
+ConnectionStatus RouterListModel::Row::status() const
+{
+    return controller ? controller->status() : Disconnected{};
 }
 
 void RouterListModel::reload()
 {
-    const auto& rows = m_store.connections();
-    if (ids(rows) == ids(m_rows)) {
-        m_rows = rows;
-        tellOfAllRows();
-    } else {
+    // A copy, for whoever is told of a row may change the list.
+    const auto connections = m_store.connections();
+    m_observation.reset();
+    removeAllBut(connections);
+    adopt(connections);
+    observeRows();
+    updateSelectedRow();
+}
+
+void RouterListModel::removeAllBut(const QList<RouterConnection>& connections)
+{
+    QSet<QUuid> kept;
+    for (const auto& connection : connections)
+        kept.insert(connection.id);
+    for (int row = count() - 1; row >= 0; --row) {
+        if (kept.contains(m_rows.at(row).id()))
+            continue;
+        beginRemoveRows({}, row, row);
+        m_rows.removeAt(row);
+        endRemoveRows();
+    }
+}
+
+void RouterListModel::adopt(const QList<RouterConnection>& connections)
+{
+    QList<Row> rows;
+    for (const auto& connection : connections)
+        rows.append({connection, &m_store.controller(connection)});
+    const int known = count();
+    if (!std::ranges::equal(
+            m_rows, rows.first(std::min(m_rows.size(), rows.size())), {}, &Row::id, &Row::id)) {
         beginResetModel();
         m_rows = rows;
         endResetModel();
+        return;
     }
-    observeRows();
-    updateSelectedRow();
+    for (int row = 0; row < known; ++row)
+        if (std::exchange(m_rows[row], rows.at(row)) != rows.at(row))
+            emit dataChanged(index(row), index(row));
+    if (rows.size() == known)
+        return;
+    beginInsertRows({}, known, static_cast<int>(rows.size()) - 1);
+    m_rows = rows;
+    endInsertRows();
 }
 
 void RouterListModel::observeRows()
 {
     m_observation = std::make_unique<QObject>();
-    for (int row = 0; row < m_rows.size(); ++row) {
-        connect(&m_store.controller(m_rows.at(row)), &MatrixController::statusChanged, m_observation.get(),
-            [this, row] { emit dataChanged(index(row), index(row), {statusRole}); });
+    for (int row = 0; row < count(); ++row) {
+        connect(
+            m_rows.at(row).controller, &MatrixController::statusChanged, m_observation.get(), [this, row] {
+                emit dataChanged(index(row), index(row), {statusRole, commandNamesRole});
+            });
     }
 }
 
 void RouterListModel::tellOfAllRows()
 {
     if (!m_rows.isEmpty())
-        emit dataChanged(index(0), index(static_cast<int>(m_rows.size()) - 1));
+        emit dataChanged(index(0), index(count() - 1));
 }
 
 void RouterListModel::updateSelectedRow()
 {
     const auto id = m_store.selectedConnectionID();
-    const int row = id ? static_cast<int>(ids(m_rows).indexOf(*id)) : -1;
+    const int row = id ? rowOf(*id) : -1;
     if (row == m_selectedRow)
         return;
     m_selectedRow = row;

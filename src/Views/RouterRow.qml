@@ -1,8 +1,9 @@
 import QtQuick
 import Corvane.Theme
+import Corvane.Views
 
 // One line of the sidebar.
-Item {
+ActionRow {
     id: root
 
     required property int index
@@ -11,30 +12,40 @@ Item {
     required property string symbol
     required property color tint
     required property statusLook status
+    required property var commandNames
     property bool selected: false
     property bool focused: false
+    // Its menu is open.
+    property bool marked: false
 
     signal chosen
+    signal menuAsked(point at)
 
     implicitHeight: 46
+    actionNames: commandNames
     Accessible.role: Accessible.ListItem
     Accessible.name: name
     Accessible.description: endpoint + ", " + status.word
     Accessible.selectable: true
     Accessible.selected: selected
     Accessible.focusable: true
-    Accessible.onPressAction: chosen()
+    onPressAsked: chosen()
 
     Rectangle {
         anchors.fill: parent
         radius: GlassKit.rowRadius
-        color: root.selected ? GlassKit.selection : hover.hovered ? GlassKit.faint : "transparent"
+        color: root.selected ? GlassKit.selection : hover.hovered || root.marked ? GlassKit.faint : "transparent"
     }
     HoverHandler {
         id: hover
     }
     TapHandler {
         onTapped: root.chosen()
+    }
+    TapHandler {
+        acceptedButtons: Qt.RightButton
+        gesturePolicy: TapHandler.ReleaseWithinBounds
+        onPressedChanged: if (pressed) root.menuAsked(point.position)
     }
     Rectangle {
         id: box
@@ -84,7 +95,7 @@ Item {
         status: root.status
     }
     FocusRing {
-        shown: root.focused
+        shown: root.focused || root.marked
         anchors.margins: 0
         radius: GlassKit.rowRadius
     }

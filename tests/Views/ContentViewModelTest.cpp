@@ -31,10 +31,10 @@ TEST_F(ContentViewModelTest, OpensTheSelectedRouter)
 TEST_F(ContentViewModelTest, EachSelectionOpensANewWorkspaceOnTheSameRouter)
 {
     const QPointer first = model->workspace();
-    model->routers()->select(1);
+    model->sidebar()->routers()->select(1);
     EXPECT_EQ(model->windowTitle(), u"Studio"_s);
     comeUp(demo());
-    model->routers()->select(0);
+    model->sidebar()->routers()->select(0);
     EXPECT_NE(model->workspace(), first);
     EXPECT_TRUE(model->workspace()->content().isConnected);
 }
@@ -45,7 +45,7 @@ TEST_F(ContentViewModelTest, AWorkspaceOutlivesTheScreensThatShowedIt)
     bool wasThere = false;
     QObject::connect(
         model.get(), &ContentViewModel::workspaceChanged, model.get(), [&] { wasThere = first; });
-    model->routers()->select(1);
+    model->sidebar()->routers()->select(1);
     EXPECT_TRUE(wasThere);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_FALSE(first);

@@ -8,6 +8,39 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+/// The names in the rows, as a view that was told of every change has them.
+class Rows {
+public:
+    explicit Rows(const QAbstractItemModel& model) : m_model(model)
+    {
+        readAll();
+        QObject::connect(&model, &QAbstractItemModel::modelReset, &m_context, [this] { readAll(); });
+        QObject::connect(&model, &QAbstractItemModel::rowsRemoved, &m_context,
+            [this](const QModelIndex&, int from, int to) { m_names.remove(from, to - from + 1); });
+        QObject::connect(&model, &QAbstractItemModel::rowsInserted, &m_context,
+            [this](const QModelIndex&, int from, int to) {
+                for (int row = from; row <= to; ++row)
+                    m_names.insert(row, name(row));
+            });
+    }
+
+    [[nodiscard]] QStringList names() const { return m_names; }
+
+private:
+    [[nodiscard]] QString name(int row) const { return m_model.index(row, 0).data().toString(); }
+
+    void readAll()
+    {
+        m_names.clear();
+        for (int row = 0; row < m_model.rowCount(); ++row)
+            m_names.append(name(row));
+    }
+
+    const QAbstractItemModel& m_model;
+    QStringList m_names;
+    QObject m_context;
+};
+
 class RouterListModelTest : public StoreTest {
 protected:
     void SetUp() override
@@ -93,20 +126,58 @@ TEST_F(RouterListModelTest, AnEditedRouterKeepsItsRowAndItsNewControllerIsFollow
     EXPECT_EQ(changedRows(), (QList{1, 1}));
 }
 
-TEST_F(RouterListModelTest, AddedAndRemovedRoutersComeAndGo)
+TEST_F(RouterListModelTest, AddedAndRemovedRoutersComeAndGoInTheirOwnRows)
 {
+    Rows rows(*model);
     RouterConnection added;
     added.name = u"New"_s;
     store->add(added, ConnectionStore::Persist::yes);
-    EXPECT_EQ(model->rowCount(), 3);
+    EXPECT_EQ(rows.names(), (QStringList{u"Demo"_s, u"Studio"_s, u"New"_s}));
     EXPECT_EQ(model->selectedRow(), 2);
     store->remove(demo());
-    EXPECT_EQ(model->rowCount(), 2);
+    EXPECT_EQ(rows.names(), (QStringList{u"Studio"_s, u"New"_s}));
     EXPECT_EQ(model->selectedRow(), 1);
-    EXPECT_EQ(at(1, RouterListModel::nameRole), u"New"_s);
+    EXPECT_EQ(resets, 0);
     (void)changedRows();
     comeUp(added);
     EXPECT_EQ(changedRows(), (QList{1, 1}));
+    store->remove(studio());
+    store->remove(added);
+    EXPECT_TRUE(rows.names().isEmpty());
+    EXPECT_EQ(model->selectedRow(), -1);
+}
+
+TEST_F(RouterListModelTest, FollowsAnyOtherList)
+{
+    RouterConnection first;
+    first.name = u"First"_s;
+    RouterConnection last;
+    last.name = u"Last"_s;
+    const QList<QList<RouterConnection>> lists{{studio(), demo()}, {first, studio(), demo()},
+        {first, demo(), last}, {last}, {}, {demo(), demo(), studio()}, {studio(), last}};
+    Rows rows(*model);
+    for (const auto& list : lists) {
+        store->setConnections(list);
+        QStringList names;
+        for (const auto& router : list)
+            names.append(router.name);
+        EXPECT_EQ(rows.names(), names);
+        EXPECT_EQ(model->rowCount(), list.size());
+    }
+    comeUp(lists.last().at(1));
+    EXPECT_EQ(statusWord(1), u"Online"_s);
+    EXPECT_EQ(model->rowOf(last.id), 1);
+    EXPECT_EQ(model->rowOf(first.id), -1);
+}
+
+TEST_F(RouterListModelTest, NamesWhatEachRowOffers)
+{
+    EXPECT_EQ(at(1, RouterListModel::commandNamesRole), QVariant(QStringList{u"Edit…"_s, u"Delete…"_s}));
+    comeUp(studio());
+    EXPECT_EQ(at(1, RouterListModel::commandNamesRole),
+        QVariant(QStringList{u"Edit…"_s, u"Disconnect"_s, u"Delete…"_s}));
+    EXPECT_TRUE(model->commands(-1).isEmpty());
+    EXPECT_TRUE(model->commands(2).isEmpty());
 }
 
 } // namespace

@@ -1,0 +1,65 @@
+#include "WindowTest.h"
+
+namespace corvane {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+using MainWindowTest = WindowTest;
+
+TEST_F(MainWindowTest, TheKeyboardGoesBackToWhereItWasBeforeADialog)
+{
+    auto* const grid = focused();
+    ASSERT_EQ(grid->text(QAccessible::Name), u"Crosspoint matrix"_s);
+    press(Qt::Key_F2);
+    ASSERT_NE(find(QAccessible::Dialog), nullptr);
+    press(Qt::Key_Escape);
+    ASSERT_EQ(find(QAccessible::Dialog), nullptr);
+    EXPECT_EQ(focused(), grid);
+}
+
+TEST_F(MainWindowTest, ReturnInADialogPressesTheButtonThatHasTheKeyboard)
+{
+    auto& demo = controller(u"Demo Router"_s);
+    for (const bool saves : {false, true}) {
+        demo.beginRename(PortKind::source, 0);
+        demo.setRenameDraft(u"Desk"_s);
+        settle();
+        press(Qt::Key_Tab);
+        if (saves)
+            press(Qt::Key_Tab);
+        EXPECT_EQ(focused()->text(QAccessible::Name), saves ? u"Save"_s : u"Cancel"_s);
+        press(Qt::Key_Return);
+        EXPECT_EQ(find(QAccessible::Dialog), nullptr);
+        EXPECT_EQ(demo.state().sources.constFirst().label, saves ? u"Desk"_s : u"CAM 1"_s);
+    }
+}
+
+TEST_F(MainWindowTest, AScreenReaderPressesButtonsAndHearsWhatTheyAre)
+{
+    auto& demo = controller(u"Demo Router"_s);
+    const auto press = QAccessibleActionInterface::pressAction();
+    auto* const immediate = find(QAccessible::RadioButton, u"Direct"_s);
+    auto* const confirm = find(QAccessible::RadioButton, u"Take"_s);
+    ASSERT_TRUE(immediate && confirm);
+    EXPECT_TRUE(immediate->state().checked);
+    act(confirm, press);
+    EXPECT_EQ(demo.takeMode(), TakeMode::confirm);
+    EXPECT_TRUE(confirm->state().checked);
+
+    demo.selectDestination(0);
+    demo.setPendingSource(3);
+    settle();
+    act(find(QAccessible::Button, u"Clear staged route"_s), press);
+    EXPECT_FALSE(demo.hasStaging());
+
+    demo.setLastError(u"Refused"_s);
+    settle();
+    act(find(QAccessible::Button, u"Refused"_s), press);
+    EXPECT_EQ(demo.lastError(), std::nullopt);
+}
+
+} // namespace
+
+} // namespace corvane

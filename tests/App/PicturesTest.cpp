@@ -1,0 +1,128 @@
+#include "Picture.h"
+#include "WindowTest.h"
+
+namespace corvane {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr QSize smallest{860, 560};
+
+/// Each screen in the state that tells most of it. Those of the guide are kept in docs/pictures.
+class PicturesTest : public WindowTest {
+protected:
+    [[nodiscard]] MatrixController& demo() const { return controller(u"Demo Router"_s); }
+
+    /// One of each kind of crosspoint: live, staged, locked.
+    void workOnTheGrid()
+    {
+        demo().take(2, 0);
+        demo().take(0, 2);
+        demo().take(0, 4);
+        demo().toggleLock(6);
+        demo().setTakeMode(TakeMode::confirm);
+        demo().selectDestination(4);
+        demo().chooseSource(8);
+        queue.advance(std::chrono::seconds(1));
+    }
+
+    void open(const QString& name) { store->setSelectedConnectionID(router(name).id); }
+
+    [[nodiscard]] QImage screen()
+    {
+        settle();
+        return window->grabWindow();
+    }
+};
+
+TEST_F(PicturesTest, Grid)
+{
+    workOnTheGrid();
+    EXPECT_TRUE(looksAs(u"docs/pictures/grid"_s, screen()));
+}
+
+TEST_F(PicturesTest, GridInTheDark)
+{
+    wear(Appearance::dark);
+    workOnTheGrid();
+    EXPECT_TRUE(looksAs(u"tests/Pictures/grid-dark"_s, screen()));
+}
+
+TEST_F(PicturesTest, SmallestWindow)
+{
+    window->resize(smallest);
+    demo().setPrimaryLevel(1);
+    demo().setBreakawayLevels({1});
+    workOnTheGrid();
+    const auto whole = screen();
+    EXPECT_TRUE(looksAs(u"tests/Pictures/smallest-window"_s, whole));
+    EXPECT_TRUE(looksAs(u"docs/pictures/control-bar"_s, whole.copy(332, 456, 476, 104)));
+}
+
+TEST_F(PicturesTest, ErrorBanner)
+{
+    window->resize(smallest);
+    wear(Appearance::dark);
+    demo().toggleLock(7);
+    demo().take(0, 7);
+    EXPECT_TRUE(looksAs(u"tests/Pictures/error-banner"_s, screen()));
+}
+
+TEST_F(PicturesTest, FailedConnection)
+{
+    window->resize(smallest);
+    open(u"MX2 Conference"_s);
+    EXPECT_TRUE(looksAs(u"docs/pictures/failed-connection"_s, screen()));
+}
+
+TEST_F(PicturesTest, PanelForAnotherRouter)
+{
+    window->resize(smallest);
+    wear(Appearance::dark);
+    const SubPanel panel{QUuid::createUuid(), u"Gallery"_s, {40, 41}, {40, 41}};
+    demo().savePanel(panel);
+    demo().setActivePanelID(panel.id);
+    EXPECT_TRUE(looksAs(u"tests/Pictures/panel-mismatch"_s, screen()));
+}
+
+TEST_F(PicturesTest, DeleteDialog)
+{
+    window->resize(smallest);
+    const auto studio = router(u"Studio Videohub"_s);
+    store->panelStore().upsert({QUuid::createUuid(), u"Gallery"_s, {0}, {0}}, studio.id);
+    act(find(QAccessible::ListItem, studio.name), u"Delete…"_s);
+    EXPECT_TRUE(looksAs(u"docs/pictures/delete-router"_s, screen()));
+}
+
+TEST_F(PicturesTest, SidebarMenu)
+{
+    window->resize(smallest);
+    wear(Appearance::dark);
+    auto routers = store->connections();
+    routers[2].name = u"Ultrix in the machine room on the third floor"_s;
+    routers[2].host = u"router.machine-room.third-floor.example"_s;
+    store->setConnections(routers);
+    settle();
+    click(Qt::RightButton, *find(QAccessible::ListItem, u"KUMO Stage"_s));
+    EXPECT_TRUE(looksAs(u"tests/Pictures/sidebar-menu"_s, screen()));
+}
+
+TEST_F(PicturesTest, NoRouters)
+{
+    window->resize(smallest);
+    store->setConnections({});
+    store->setSelectedConnectionID(std::nullopt);
+    EXPECT_TRUE(looksAs(u"tests/Pictures/no-routers"_s, screen()));
+}
+
+TEST_F(PicturesTest, Rename)
+{
+    window->resize(smallest);
+    demo().beginRename(PortKind::source, 8);
+    EXPECT_TRUE(looksAs(u"docs/pictures/rename"_s, screen()));
+}
+
+} // namespace
+
+} // namespace corvane
