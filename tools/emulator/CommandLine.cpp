@@ -28,6 +28,7 @@ void addSharedOptions(QCommandLineParser& parser)
         {u"levels"_s, u"How many levels; SW-P-08 and Quartz show them all."_s, u"count"_s, u"1"_s},
         {u"locked"_s, u"Let somebody else have locked the first destinations."_s, u"count"_s, u"0"_s},
         {u"unrouted"_s, u"Let the first destinations show nothing."_s, u"count"_s, u"0"_s},
+        {u"odd-names"_s, u"Put signs into names that the protocols use themselves."_s},
         {u"refuse"_s, u"Refuse the first commands, this many."_s, u"count"_s, u"0"_s},
         {u"acknowledge-only"_s, u"Acknowledge commands and do nothing."_s},
         {u"silent"_s, u"Accept connections and say nothing."_s},
@@ -86,6 +87,7 @@ CommandLine readValues(const Face& face, OptionValues& values)
     line.levels = values.number(u"levels"_s, 1, mostLevels);
     line.locked = values.number(u"locked"_s, 0, size.height);
     line.unrouted = values.number(u"unrouted"_s, 0, size.height);
+    line.oddNames = values.flag(u"odd-names"_s);
     line.faults = readFaults(values);
     line.changeEvery = values.optional<std::chrono::milliseconds>(u"change-every"_s);
     line.lifetime = values.optional<std::chrono::seconds>(u"seconds"_s, mostSeconds);

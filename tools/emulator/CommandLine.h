@@ -23,6 +23,8 @@ struct CommandLine {
     /// How many destinations, from the first, are locked by somebody else, and how many show nothing.
     int locked = 0;
     int unrouted = 0;
+    /// Ports bear signs in their names that the protocols use themselves.
+    bool oddNames = false;
     Faults faults;
     /// How often somebody else takes something, if at all.
     std::optional<std::chrono::milliseconds> changeEvery;

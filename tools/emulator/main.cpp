@@ -24,6 +24,12 @@ MatrixState initialState(const CommandLine& line)
     std::fill_n(state.lockOwners.begin(), line.locked, somebodyElse);
     for (auto& routes : state.routes)
         std::fill_n(routes.begin(), line.unrouted, noSource);
+    if (line.oddNames) {
+        for (auto* const labels : {&state.sourceLabels, &state.destinationLabels}) {
+            for (auto& label : *labels)
+                label += u"; 50%=\"\u00e4\": {#&?}"_s;
+        }
+    }
     return state;
 }
 
