@@ -16,8 +16,6 @@ T.MenuItem {
     Accessible.name: text
     Accessible.onPressAction: if (enabled)
         clicked()
-    Keys.onReturnPressed: clicked()
-    Keys.onEnterPressed: clicked()
 
     background: Rectangle {
         radius: 6

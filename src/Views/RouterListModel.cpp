@@ -96,7 +96,6 @@ void RouterListModel::reload()
 {
     // A copy, for whoever is told of a row may change the list.
     const auto connections = m_store.connections();
-    m_observation.reset();
     removeAllBut(connections);
     adopt(connections);
     observeRows();

@@ -86,7 +86,6 @@ Rectangle {
 
         delegate: RouterRow {
             width: list.width
-            focus: ListView.isCurrentItem
             selected: ListView.isCurrentItem
             focused: activeFocus && list.showsFocus
             marked: index === root.model.menuRow

@@ -75,15 +75,18 @@ TEST_F(RouterSidebarTest, ReadsOutEachRouterWithWhereItIsAndHowItIs)
 TEST_F(RouterSidebarTest, OpensTheMenuUnderThePointerAndSelectsNothing)
 {
     auto* const grid = focused();
+    const auto isMarked = [this] { return row(u"KUMO Stage"_s)->object()->property("marked").toBool(); };
     click(Qt::RightButton, *row(u"KUMO Stage"_s));
     EXPECT_THAT(menu(), ElementsAre("Edit…", "Disconnect", "Delete…"));
     EXPECT_TRUE(row(u"Demo Router"_s)->state().selected);
+    EXPECT_TRUE(isMarked());
 
     report(u"KUMO Stage"_s, driverEvent::Disconnected{});
     settle();
     EXPECT_THAT(menu(), ElementsAre("Edit…", "Delete…"));
     press(Qt::Key_Escape);
     EXPECT_TRUE(menu().empty());
+    EXPECT_FALSE(isMarked());
     EXPECT_EQ(focused(), grid);
 }
 
@@ -99,6 +102,7 @@ TEST_F(RouterSidebarTest, OpensTheMenuFromTheKeyboardAndDoesWhatIsChosen)
     press(Qt::Key_Down);
     press(Qt::Key_Return);
     EXPECT_TRUE(menu().empty());
+    EXPECT_EQ(nameOfFocused(), u"KUMO Stage"_s);
     EXPECT_EQ(controller(u"KUMO Stage"_s).status(), ConnectionStatus(Disconnected{}));
 }
 
@@ -204,15 +208,17 @@ TEST_F(RouterSidebarTest, KeepsTheSelectionWhenAnotherRouterGoes)
 
 TEST_F(RouterSidebarTest, ARouterThatGoesTakesItsMenuAndItsDialogAlong)
 {
+    auto* const grid = focused();
     click(Qt::RightButton, *row(u"KUMO Stage"_s));
     store->remove(router(u"KUMO Stage"_s));
     settle();
     EXPECT_TRUE(menu().empty());
+    EXPECT_EQ(focused(), grid);
     act(row(u"Ultrix Main"_s), u"Delete…"_s);
     store->remove(router(u"Ultrix Main"_s));
     settle();
     EXPECT_EQ(dialog(), nullptr);
-    EXPECT_FALSE(nameOfFocused().isEmpty());
+    EXPECT_EQ(focused(), grid);
 }
 
 TEST_F(RouterSidebarTest, StaysWhereItIsScrolledToWhenARouterGoes)
