@@ -49,6 +49,24 @@ TEST_F(PicturesTest, GridInTheDark)
     EXPECT_TRUE(looksAs(u"tests/Pictures/grid-dark"_s, screen()));
 }
 
+TEST_F(PicturesTest, List)
+{
+    demo().setViewMode(RouteViewMode::list);
+    workOnTheGrid();
+    EXPECT_TRUE(looksAs(u"docs/pictures/list"_s, screen()));
+}
+
+TEST_F(PicturesTest, ListFromTheSourcesInTheDark)
+{
+    window->resize(smallest);
+    wear(Appearance::dark);
+    demo().setViewMode(RouteViewMode::list);
+    demo().setDirection(RoutingDirection::sourceLed);
+    demo().toggleLock(6);
+    demo().focusSource(2);
+    EXPECT_TRUE(looksAs(u"tests/Pictures/list-from-sources"_s, screen()));
+}
+
 TEST_F(PicturesTest, SmallestWindow)
 {
     window->resize(smallest);
