@@ -16,6 +16,12 @@ bool isPlain(char byte)
     return static_cast<unsigned char>(byte) >= 0x20 && byte != '"' && byte != '\\';
 }
 
+/// Of what can be copied as it is.
+std::size_t plainLength(std::string_view text)
+{
+    return static_cast<std::size_t>(std::ranges::find_if_not(text, isPlain) - text.begin());
+}
+
 std::string escaped(char byte)
 {
     if (byte == '"' || byte == '\\')
@@ -119,15 +125,13 @@ void JsonWriter::quote(const QString& text)
 {
     m_buffer += '"';
     const auto bytes = text.toUtf8();
-    const std::string_view all(bytes.constData(), static_cast<std::size_t>(bytes.size()));
-    auto copied = all.begin();
-    for (auto special = std::ranges::find_if_not(all, isPlain); special != all.end();
-         special = std::find_if_not(copied, all.end(), isPlain)) {
-        m_buffer.append(copied, special);
-        m_buffer += escaped(*special);
-        copied = special + 1;
+    std::string_view rest(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+    for (auto plain = plainLength(rest); plain < rest.size(); plain = plainLength(rest)) {
+        m_buffer += rest.substr(0, plain);
+        m_buffer += escaped(rest[plain]);
+        rest.remove_prefix(plain + 1);
     }
-    m_buffer.append(copied, all.end());
+    m_buffer += rest;
     m_buffer += '"';
 }
 
