@@ -58,6 +58,8 @@ Item {
                 text: root.model.content.specs
                 font: GlassKit.captionFont
                 color: GlassKit.secondary
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
             }
         }
         StatusPill {
