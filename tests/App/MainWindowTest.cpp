@@ -1,5 +1,7 @@
 #include "WindowTest.h"
 
+#include <QtTest/QTest>
+
 namespace corvane {
 
 namespace {
@@ -34,6 +36,24 @@ TEST_F(MainWindowTest, ReturnInADialogPressesTheButtonThatHasTheKeyboard)
         EXPECT_EQ(find(QAccessible::Dialog), nullptr);
         EXPECT_EQ(demo.state().sources.constFirst().label, saves ? u"Desk"_s : u"CAM 1"_s);
     }
+}
+
+TEST_F(MainWindowTest, AReturnThatIsHeldDownTakesNothing)
+{
+    auto& demo = controller(u"Demo Router"_s);
+    demo.setTakeMode(TakeMode::confirm);
+    demo.selectDestination(4);
+    demo.setPendingSource(8);
+    demo.beginRename(PortKind::source, 0);
+    settle();
+    press(Qt::Key_Return);
+    ASSERT_EQ(find(QAccessible::Dialog), nullptr);
+    QTest::simulateEvent(window.get(), true, Qt::Key_Return, Qt::NoModifier, u"\r"_s, true);
+    settle();
+    EXPECT_TRUE(demo.pendingTake()) << "it was pressed to save the name";
+    press(Qt::Key_Return);
+    EXPECT_FALSE(demo.pendingTake());
+    EXPECT_EQ(demo.state().source(4, 0), 8);
 }
 
 TEST_F(MainWindowTest, ARouterThatDropsLeavesTheNameThatIsBeingTyped)
