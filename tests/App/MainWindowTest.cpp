@@ -56,6 +56,22 @@ TEST_F(MainWindowTest, AReturnThatIsHeldDownTakesNothing)
     EXPECT_EQ(demo.state().source(4, 0), 8);
 }
 
+TEST_F(MainWindowTest, AReturnThatIsHeldDownAnswersNoQuestion)
+{
+    auto& demo = controller(u"Demo Router"_s);
+    demo.beginRename(PortKind::source, 0);
+    settle();
+    QTest::simulateEvent(window.get(), true, Qt::Key_Return, Qt::NoModifier, u"\r"_s, true);
+    settle();
+    EXPECT_NE(find(QAccessible::Dialog), nullptr) << "it chose \"Rename Source…\" in the menu";
+    press(Qt::Key_Tab);
+    QTest::simulateEvent(window.get(), true, Qt::Key_Return, Qt::NoModifier, u"\r"_s, true);
+    settle();
+    EXPECT_NE(find(QAccessible::Dialog), nullptr) << "on the button";
+    press(Qt::Key_Return);
+    EXPECT_EQ(find(QAccessible::Dialog), nullptr);
+}
+
 TEST_F(MainWindowTest, ARouterThatDropsLeavesTheNameThatIsBeingTyped)
 {
     auto& demo = controller(u"Demo Router"_s);
