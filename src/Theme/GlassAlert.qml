@@ -17,6 +17,12 @@ T.Popup {
     signal accepted
     signal cancelled
 
+    // A key held down since before the question is no answer to it.
+    function act(event, isMeant, answer) {
+        if (isMeant && !event.isAutoRepeat)
+            answer()
+    }
+
     parent: T.Overlay.overlay
     anchors.centerIn: parent
     width: Math.min(340, parent ? parent.width - 32 : 340)
@@ -47,8 +53,8 @@ T.Popup {
         Accessible.name: root.title
         Accessible.description: root.message
         Keys.onEscapePressed: root.cancelled()
-        Keys.onReturnPressed: if (!root.destructive) root.accepted()
-        Keys.onEnterPressed: if (!root.destructive) root.accepted()
+        Keys.onReturnPressed: event => root.act(event, !root.destructive, root.accepted)
+        Keys.onEnterPressed: event => root.act(event, !root.destructive, root.accepted)
 
         Column {
             id: column
@@ -87,15 +93,15 @@ T.Popup {
 
                     text: qsTr("Cancel")
                     onClicked: root.cancelled()
-                    Keys.onReturnPressed: root.cancelled()
-                    Keys.onEnterPressed: root.cancelled()
+                    Keys.onReturnPressed: event => root.act(event, true, root.cancelled)
+                    Keys.onEnterPressed: event => root.act(event, true, root.cancelled)
                 }
                 ProminentButton {
                     text: root.acceptText
                     accent: root.destructive ? GlassKit.red : GlassKit.accent
                     onClicked: root.accepted()
-                    Keys.onReturnPressed: root.accepted()
-                    Keys.onEnterPressed: root.accepted()
+                    Keys.onReturnPressed: event => root.act(event, true, root.accepted)
+                    Keys.onEnterPressed: event => root.act(event, true, root.accepted)
                 }
             }
         }

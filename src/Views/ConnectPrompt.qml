@@ -26,6 +26,9 @@ EmptyState {
         color: GlassKit.tintText(GlassKit.red)
         wrapMode: Text.Wrap
         maximumLineCount: 4
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
+        Accessible.ignored: !visible
     }
     ProgressLine {
         anchors.horizontalCenter: parent.horizontalCenter

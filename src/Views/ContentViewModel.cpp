@@ -44,8 +44,10 @@ void ContentViewModel::update()
 
 void ContentViewModel::replaceWorkspace(MatrixController* controller)
 {
-    // The screen of the old workspace goes first.
+    // The screen of the old workspace goes first, and the prompt in it is not to come back with the router.
     const auto old = std::move(m_workspace);
+    if (old)
+        old->rename()->cancel();
     if (controller) {
         m_workspace.reset(new CorvaneViewModel(m_environment, *controller));
         connect(

@@ -22,6 +22,8 @@ Item {
 
     Shortcut {
         sequences: ["Return", "Enter"]
+        // Whoever holds it down to end something else takes nothing.
+        autoRepeat: false
         enabled: root.returnTakes && root.visible && root.content.canTake
         onActivated: root.model.confirmTake()
     }

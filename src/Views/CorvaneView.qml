@@ -40,4 +40,12 @@ FocusScope {
             model: root.model.prompt
         }
     }
+    // Whatever becomes of the link meanwhile, what is being typed stays.
+    Loader {
+        active: root.model.rename.isShown
+        sourceComponent: RenamePrompt {
+            model: root.model.rename
+            visible: true
+        }
+    }
 }

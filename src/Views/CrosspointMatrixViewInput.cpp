@@ -187,8 +187,11 @@ void CrosspointMatrixView::requestMenu(GridPlace place, QPointF point)
 
 void CrosspointMatrixView::performMenuEntry(int position)
 {
-    if (m_menuPlace && position >= 0 && position < m_menu.size())
-        m_actions.perform(m_menu.at(position).kind, *m_menuPlace);
+    if (!m_menuPlace || position < 0 || position >= m_menu.size())
+        return;
+    // Nothing is unlocked by "Lock" when someone else has locked it meanwhile.
+    if (const auto& action = m_menu.at(position); m_actions.menu(*m_menuPlace).contains(action))
+        m_actions.perform(action.kind, *m_menuPlace);
 }
 
 } // namespace corvane

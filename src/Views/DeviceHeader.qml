@@ -37,7 +37,7 @@ Item {
 
             anchors.verticalCenter: parent.verticalCenter
             anchors.left: icon.right
-            anchors.leftMargin: root.isCompact ? 8 : 12
+            anchors.leftMargin: root.isCompact ? 8 : 16
             anchors.right: root.isCompact ? dot.left : pill.left
             anchors.rightMargin: 8
             spacing: 2
@@ -58,6 +58,8 @@ Item {
                 text: root.model.content.specs
                 font: GlassKit.captionFont
                 color: GlassKit.secondary
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
             }
         }
         StatusPill {

@@ -181,8 +181,11 @@ void PaneRows::performMenuEntry(int position)
 {
     // By the port: meanwhile another one may stand at the place.
     const auto row = m_model && m_menuPort ? m_model->positionOf(*m_menuPort) : std::nullopt;
-    if (row && position >= 0 && position < m_menu.size())
-        m_model->perform(m_menu.at(position).kind, *row);
+    if (!row || position < 0 || position >= m_menu.size())
+        return;
+    // Nor is one unlocked by "Lock" when someone else has locked it meanwhile.
+    if (const auto& action = m_menu.at(position); m_model->menu(*row).contains(action))
+        m_model->perform(action.kind, *row);
 }
 
 void PaneRows::takeKeyboard()

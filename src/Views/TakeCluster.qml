@@ -20,6 +20,9 @@ Row {
             width: Math.min(implicitWidth, 180)
             text: root.model.content.stagedSource
             font: GlassKit.subheadlineFont
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
+            Accessible.ignored: !visible
         }
         PlainText {
             anchors.right: parent.right
@@ -28,6 +31,9 @@ Row {
             text: root.model.content.targetText
             font: GlassKit.captionFont
             color: GlassKit.secondary
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
+            Accessible.ignored: !visible
         }
         PlainText {
             anchors.right: parent.right
@@ -35,6 +41,9 @@ Row {
             text: root.model.content.emptyHint
             font: GlassKit.captionFont
             color: GlassKit.tintText(GlassKit.orange)
+            Accessible.role: Accessible.StaticText
+            Accessible.name: text
+            Accessible.ignored: !visible
         }
     }
     GlassButton {

@@ -111,13 +111,6 @@ FocusScope {
             }
         }
     }
-    Loader {
-        active: root.model.rename.isShown
-        sourceComponent: RenamePrompt {
-            model: root.model.rename
-            visible: true
-        }
-    }
     Shortcut {
         sequence: "Ctrl+0"
         onActivated: root.model.showFullRouter()

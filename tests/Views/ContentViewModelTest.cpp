@@ -39,6 +39,15 @@ TEST_F(ContentViewModelTest, EachSelectionOpensANewWorkspaceOnTheSameRouter)
     EXPECT_TRUE(model->workspace()->content().isConnected);
 }
 
+TEST_F(ContentViewModelTest, AnotherRouterDropsTheRenameThatWasOpen)
+{
+    comeUp(demo());
+    auto& controller = store->controller(demo());
+    controller.beginRename(PortKind::source, 0);
+    model->sidebar()->routers()->select(1);
+    EXPECT_EQ(controller.renameTarget(), std::nullopt);
+}
+
 TEST_F(ContentViewModelTest, AWorkspaceOutlivesTheScreensThatShowedIt)
 {
     const QPointer first = model->workspace();

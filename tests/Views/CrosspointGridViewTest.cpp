@@ -256,6 +256,15 @@ TEST_F(GridViewTest, DropsAMenuWhoseHeaderIsGone)
     EXPECT_EQ(told(), Calls{});
 }
 
+TEST_F(GridViewTest, AMenuDoesNothingThatItDidNotSay)
+{
+    show(matrix(8, 8));
+    mouse(QEvent::MouseButtonPress, centre({7, header}), Qt::RightButton);
+    report(driverEvent::LockChanged{.destination = 7, .locked = true});
+    view.performMenuEntry(1);
+    EXPECT_EQ(told(), Calls{}) << "it said \"Lock\", and someone else has locked it meanwhile";
+}
+
 TEST_F(GridViewTest, ScrollsByTheWheelAlongTheAxisThatShiftSays)
 {
     const struct {

@@ -144,6 +144,17 @@ TEST_F(PaneRowsTest, AMenuMeansThePortItWasAskedForAt)
     EXPECT_EQ(told(), Calls{}) << "the port is gone";
 }
 
+TEST_F(PaneRowsTest, AMenuDoesNothingThatItDidNotSay)
+{
+    show(matrix(8, 8));
+    rows.requestMenu(3, {});
+    report(driverEvent::LockChanged{.destination = 3, .locked = true});
+    rows.performMenuEntry(1);
+    EXPECT_EQ(told(), Calls{}) << "it said \"Lock\", and someone else has locked it meanwhile";
+    rows.performMenuEntry(0);
+    EXPECT_EQ(controller->renameTarget(), (PortRef{PortKind::destination, 3}));
+}
+
 TEST_F(PaneRowsTest, SurvivesItsModel)
 {
     auto passing = std::make_unique<DestinationPaneModel>();
