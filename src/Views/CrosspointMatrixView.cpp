@@ -47,7 +47,10 @@ CrosspointMatrixView::CrosspointMatrixView(QQuickItem* parent)
     setAcceptHoverEvents(true);
     setActiveFocusOnTab(true);
     connect(&m_model, &CrosspointGridModel::rowChanged, this, &CrosspointMatrixView::onRowChanged);
-    connect(&m_model, &CrosspointGridModel::columnChanged, this, [this] { polish(); });
+    connect(&m_model, &CrosspointGridModel::columnChanged, this, [this] {
+        polish();
+        emit toolTipChanged();
+    });
     connect(&m_model, &CrosspointGridModel::looksChanged, this, &CrosspointMatrixView::refreshLayout);
     connect(&m_model, &CrosspointGridModel::portsChanged, this, &CrosspointMatrixView::onPortsChanged);
 }
@@ -215,6 +218,7 @@ void CrosspointMatrixView::refreshLayout()
     tellOfExtent();
     scrollTo(m_layout.scroll);
     polish();
+    emit toolTipChanged();
 }
 
 void CrosspointMatrixView::tellOfExtent()

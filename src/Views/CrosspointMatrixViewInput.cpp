@@ -128,6 +128,8 @@ void CrosspointMatrixView::press(QMouseEvent& event, bool isDouble)
         m_press.reset();
         return;
     }
+    if (!isDouble)
+        m_actions.beginGesture();
     m_press = Press{event.position(), place, m_layout.scroll};
 }
 

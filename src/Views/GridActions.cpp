@@ -1,5 +1,7 @@
 #include "Views/GridActions.h"
 
+#include <utility>
+
 namespace corvane {
 
 GridActions::GridActions(const CrosspointGridModel& model) : m_model(model) { }
@@ -32,8 +34,9 @@ void GridActions::doubleClick(GridPlace place)
 {
     if (!controller() || place.isCell())
         return;
-    if (place.isRowHeader() && controller()->takeMode() == TakeMode::confirm)
-        stage(m_beforeClick);
+    const auto before = std::exchange(m_beforeClick, std::nullopt);
+    if (before && place.isRowHeader() && controller()->takeMode() == TakeMode::confirm)
+        stage(*before);
     perform(PortAction::Kind::rename, place);
 }
 

@@ -4,6 +4,8 @@
 #include "Views/CrosspointGridModel.h"
 #include "Views/PortActions.h"
 
+#include <optional>
+
 namespace corvane {
 
 /// What gestures at the places of the grid ask of the controller. Does nothing while the grid has none.
@@ -11,6 +13,8 @@ class GridActions {
 public:
     explicit GridActions(const CrosspointGridModel& model);
 
+    /// A new gesture begins: what a double click would put back belongs to an earlier one.
+    void beginGesture() { m_beforeClick.reset(); }
     /// A cell routes, or stages in confirm mode; a row header aims; a column header does nothing.
     void click(GridPlace place);
     /// Renames at headers, and leaves what the click before it staged as it was: the double click is one
@@ -38,7 +42,7 @@ private:
     [[nodiscard]] MatrixController* controller() const { return m_model.controller(); }
 
     const CrosspointGridModel& m_model;
-    Staging m_beforeClick;
+    std::optional<Staging> m_beforeClick;
 };
 
 } // namespace corvane

@@ -94,6 +94,18 @@ TEST_F(GridActionsTest, KeepsWhatIsStagedThroughADoubleClick)
     EXPECT_EQ(staging(), (Staging{2, 3, {}}));
 }
 
+TEST_F(GridActionsTest, BringsNothingBackThatWasStagedBeforeAnEarlierGesture)
+{
+    controller->setTakeMode(TakeMode::confirm);
+    controller->setPendingDestination(2);
+    actions.click(rowHeader);
+    actions.beginGesture();
+    controller->setPendingDestination(1);
+    controller->setPendingSource(3);
+    actions.doubleClick(rowHeader);
+    EXPECT_EQ(staging(), (Staging{1, 3, {}}));
+}
+
 TEST_F(GridActionsTest, RoutesASourceToTheStagedDestinationAndNowhereElse)
 {
     actions.perform(Kind::routeToSelectedDestination, columnHeader);
