@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Drivers/RouterDriver.h"
+#include "Drivers/Contract/RouterDriver.h"
 
 #include <QCoreApplication>
 

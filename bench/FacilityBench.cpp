@@ -154,13 +154,13 @@ int connectToAll()
     const auto facilityPorts = startFacility(facility);
 
     MainQueue queue;
+    DriverFactory drivers(queue);
     const QTemporaryDir folder;
     LabelStore labels(folder.path());
     SalvoStore salvos(folder.path());
     PanelStore panels(folder.path());
     const MatrixController::Environment environment{queue,
-        [&](const auto& connection) { return DriverFactory::makeDriver(connection, queue); }, labels, salvos,
-        panels};
+        [&](const auto& connection) { return drivers.makeDriver(connection); }, labels, salvos, panels};
     const double memoryBefore = bench::residentMebibytes();
     std::vector<std::shared_ptr<MatrixController>> controllers;
     qint64 changes = 0;

@@ -1,10 +1,10 @@
-#include "Drivers/SimulatorDriver.h"
+#include "Drivers/Simulator/SimulatorDriver.h"
 #include "Foundation/EventLoopQueue.h"
 #include "Model/LabelStore.h"
 #include "Model/PanelStore.h"
 #include "Model/SalvoStore.h"
 #include "Theme/Fonts.h"
-#include "Views/CrosspointMatrixView.h"
+#include "Views/Grid/CrosspointMatrixView.h"
 #include "bench/Process.h"
 #include "bench/Row.h"
 
@@ -114,7 +114,8 @@ public:
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         m_view.setParentItem(&renderer.content());
         m_view.setSize(renderer.content().size());
-        m_view.setController(m_controller.get());
+        m_model.setController(m_controller.get());
+        m_view.setModel(&m_model);
     }
 
     [[nodiscard]] CrosspointMatrixView& view() { return m_view; }
@@ -140,6 +141,8 @@ private:
     SalvoStore m_salvos{m_folder.path()};
     PanelStore m_panels{m_folder.path()};
     std::shared_ptr<MatrixController> m_controller;
+    GlassKit m_theme{nullptr};
+    CrosspointGridModel m_model{m_theme};
     CrosspointMatrixView m_view;
 };
 
@@ -206,7 +209,19 @@ double measureScrolling(std::string_view renderer, QSize window, Size size)
     return median;
 }
 
-/// How many pictures, of one row's header and cells, one route costs until it has settled.
+/// The median frame that follows one route, until the next.
+double frameOfRoute(Renderer& renderer, Grid& grid)
+{
+    std::vector<double> frames;
+    for (int i = 0; i < framesEach; ++i) {
+        grid.controller().take(i % 8, i % 5);
+        frames.push_back(renderer.frame());
+    }
+    return bench::median(frames);
+}
+
+/// How many pictures, of one row's header and cells, one route costs until it has settled, and what its frame
+/// costs.
 void measureTally(std::string_view rendererName, QSize window)
 {
     Renderer renderer(window);
@@ -219,6 +234,8 @@ void measureTally(std::string_view rendererName, QSize window)
     renderer.frame();
     bench::printRow(std::string(rendererName) + " 1024x1024, pictures painted for one route",
         static_cast<double>(grid.view().paintedCount() - before), "of 1 row", "<= 3");
+    bench::printRow(
+        std::string(rendererName) + " 1024x1024, frame of one route", frameOfRoute(renderer, grid), "ms");
 }
 
 int measureFrames(std::string_view renderer)

@@ -1,4 +1,4 @@
-#include "Drivers/LW3Parser.h"
+#include "Drivers/LW3/LW3Parser.h"
 #include "bench/ParserBench.h"
 
 /// How fast the words of an LW3 device become events.

@@ -5,6 +5,7 @@
 #include "Model/SalvoStore.h"
 #include "Theme/Fonts.h"
 #include "Theme/GlassKit.h"
+#include "Views/List/DestinationListModel.h"
 #include "bench/BurstDriver.h"
 #include "bench/Row.h"
 
@@ -20,7 +21,12 @@
 #include <iostream>
 
 Q_IMPORT_QML_PLUGIN(Corvane_ThemePlugin)
-Q_IMPORT_QML_PLUGIN(Corvane_ViewsPlugin)
+Q_IMPORT_QML_PLUGIN(Corvane_Views_SharedPlugin)
+Q_IMPORT_QML_PLUGIN(Corvane_Views_GridPlugin)
+Q_IMPORT_QML_PLUGIN(Corvane_Views_ListPlugin)
+Q_IMPORT_QML_PLUGIN(Corvane_Views_BarPlugin)
+Q_IMPORT_QML_PLUGIN(Corvane_Views_SidebarPlugin)
+Q_IMPORT_QML_PLUGIN(Corvane_Views_WorkspacePlugin)
 
 /// What it costs to open the list on a router of any size, and to scroll it: from nothing to the first
 /// picture, and from picture to picture. Started without arguments it runs itself once for each renderer.
@@ -77,13 +83,18 @@ public:
 
     void open(MatrixController& controller)
     {
-        m_window.setInitialProperties({{QStringLiteral("controller"), QVariant::fromValue(&controller)},
+        m_list.setController(&controller);
+        m_window.setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&m_list)},
             {QStringLiteral("controlBarClearance"), 80}});
-        m_window.setSource(QUrl(QStringLiteral("qrc:/qt/qml/Corvane/Views/DestinationListView.qml")));
+        m_window.setSource(QUrl(QStringLiteral("qrc:/qt/qml/Corvane/Views/List/DestinationListView.qml")));
         m_window.grabWindow();
     }
 
-    void close() { m_window.setSource({}); }
+    void close()
+    {
+        m_window.setSource({});
+        m_list.setController(nullptr);
+    }
 
     /// One picture for each step; in milliseconds.
     std::vector<double> scroll()
@@ -100,7 +111,9 @@ public:
     }
 
 private:
-    GlassKit m_theme;
+    MainQueue m_queue;
+    GlassKit m_theme{nullptr};
+    DestinationListModel m_list{m_queue, m_theme};
     QQuickView m_window;
 };
 

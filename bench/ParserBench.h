@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Drivers/RouterDriver.h"
+#include "Drivers/Contract/RouterDriver.h"
 #include "Foundation/SerialQueue.h"
 
 #include <benchmark/benchmark.h>

@@ -1,4 +1,4 @@
-#include "Drivers/QuartzParser.h"
+#include "Drivers/Quartz/QuartzParser.h"
 #include "bench/InterrogationBench.h"
 
 std::string corvane::bench::answers(int ports, int shift)

@@ -1,4 +1,4 @@
-#include "Drivers/SWP08Parser.h"
+#include "Drivers/SWP08/SWP08Parser.h"
 #include "bench/InterrogationBench.h"
 
 std::string corvane::bench::answers(int ports, int shift)

@@ -53,9 +53,10 @@ int showCorvane()
 {
     Fonts::load();
     MainQueue queue;
+    DriverFactory drivers(queue);
     const QTemporaryDir folder;
     ConnectionStore store(
-        queue, [&](const auto& router) { return DriverFactory::makeDriver(router, queue); }, folder.path());
+        queue, [&](const auto& router) { return drivers.makeDriver(router); }, folder.path());
     MainWindow window(queue, store);
     reportFirstFrame(window);
     window.show();

@@ -1,4 +1,4 @@
-#include "Drivers/VideohubParser.h"
+#include "Drivers/Videohub/VideohubParser.h"
 #include "bench/ParserBench.h"
 
 /// How fast a Videohub's words become events.

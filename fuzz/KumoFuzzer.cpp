@@ -1,5 +1,5 @@
-#include "Drivers/KumoParser.h"
-#include "Drivers/Ports.h"
+#include "Drivers/Kumo/KumoParser.h"
+#include "Drivers/Tcp/Ports.h"
 
 #include <cstddef>
 

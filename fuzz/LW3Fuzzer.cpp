@@ -1,4 +1,4 @@
-#include "Drivers/LW3Parser.h"
+#include "Drivers/LW3/LW3Parser.h"
 #include "fuzz/ParserFuzzing.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size)

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Drivers/ProtocolParser.h"
-#include "Drivers/RouterDriver.h"
+#include "Drivers/Contract/RouterDriver.h"
+#include "Drivers/Tcp/ProtocolParser.h"
 
 #include <functional>
 #include <memory>

@@ -1,4 +1,4 @@
-#include "Drivers/QuartzParser.h"
+#include "Drivers/Quartz/QuartzParser.h"
 #include "fuzz/InterrogationFuzzing.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size)

@@ -1,4 +1,4 @@
-#include "Drivers/SWP08Parser.h"
+#include "Drivers/SWP08/SWP08Parser.h"
 #include "fuzz/InterrogationFuzzing.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size)

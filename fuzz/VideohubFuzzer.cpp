@@ -1,4 +1,4 @@
-#include "Drivers/VideohubParser.h"
+#include "Drivers/Videohub/VideohubParser.h"
 #include "fuzz/ParserFuzzing.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size)
@@ -6,7 +6,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     using namespace corvane;
     fuzz::playConversation({data, size}, [](SerialQueue& queue, const RouterEventStream& events) {
         const auto parser = std::make_shared<VideohubParser>(QStringLiteral("Hub"), queue, events);
-        parser->onResyncNeeded([weak = std::weak_ptr(parser)] { (void)weak.lock()->resyncQuery(); });
+        parser->onSend([](const QByteArray&) {});
         return parser;
     });
     return 0;

@@ -2,11 +2,13 @@
 
 #include <QGuiApplication>
 
+using namespace Qt::StringLiterals;
+
 int main(int argc, char** argv)
 {
-    QGuiApplication::setOrganizationName(QStringLiteral("Corvane"));
-    QGuiApplication::setApplicationName(QStringLiteral("Corvane"));
-    QGuiApplication::setDesktopFileName(QStringLiteral("corvane"));
+    QGuiApplication::setOrganizationName(u"Corvane"_s);
+    QGuiApplication::setApplicationName(u"Corvane"_s);
+    QGuiApplication::setDesktopFileName(u"corvane"_s);
     const QGuiApplication application(argc, argv);
     return corvane::CorvaneApp().run();
 }

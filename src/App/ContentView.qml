@@ -1,6 +1,8 @@
 import QtQuick
+import Corvane.App
 import Corvane.Theme
-import Corvane.Views
+import Corvane.Views.Sidebar
+import Corvane.Views.Workspace
 
 // The window: the routers on the left, the open one on the right.
 FocusScope {
@@ -41,7 +43,7 @@ FocusScope {
             anchors.fill: parent
             active: root.model.workspaces.length === 0
             sourceComponent: Rectangle {
-                color: GlassKit.window
+                color: GlassKit.colors.window
 
                 EmptyState {
                     anchors.fill: parent

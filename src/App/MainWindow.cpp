@@ -8,7 +8,12 @@
 
 Q_IMPORT_QML_PLUGIN(Corvane_AppPlugin)
 Q_IMPORT_QML_PLUGIN(Corvane_ThemePlugin)
-Q_IMPORT_QML_PLUGIN(Corvane_ViewsPlugin)
+Q_IMPORT_QML_PLUGIN(Corvane_Views_SharedPlugin)
+Q_IMPORT_QML_PLUGIN(Corvane_Views_GridPlugin)
+Q_IMPORT_QML_PLUGIN(Corvane_Views_ListPlugin)
+Q_IMPORT_QML_PLUGIN(Corvane_Views_BarPlugin)
+Q_IMPORT_QML_PLUGIN(Corvane_Views_SidebarPlugin)
+Q_IMPORT_QML_PLUGIN(Corvane_Views_WorkspacePlugin)
 
 namespace corvane {
 
@@ -30,8 +35,8 @@ MainWindow::MainWindow(SerialQueue& mainQueue, ConnectionStore& store)
     connect(
         &m_model, &ContentViewModel::windowTitleChanged, this, [this] { setTitle(m_model.windowTitle()); });
     setTitle(m_model.windowTitle());
-    connect(&m_theme, &GlassKit::paletteChanged, this, [this] { setColor(m_theme.window()); });
-    setColor(m_theme.window());
+    connect(&m_theme, &GlassKit::paletteChanged, this, [this] { setColor(m_theme.palette().window); });
+    setColor(m_theme.palette().window);
     startOnceUp(mainQueue);
     showContent();
 }

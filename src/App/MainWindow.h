@@ -1,8 +1,8 @@
 #pragma once
 
+#include "App/ContentViewModel.h"
 #include "Controllers/ConnectionStore.h"
-#include "Views/ContentViewModel.h"
-#include "Views/UserDefaults.h"
+#include "Views/Shared/UserDefaults.h"
 
 #include <QQuickView>
 
@@ -28,7 +28,7 @@ private:
 
     UserDefaults m_defaults;
     MatrixZoom m_zoom;
-    GlassKit m_theme;
+    GlassKit m_theme{nullptr};
     ContentViewModel m_model;
 };
 

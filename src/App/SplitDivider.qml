@@ -26,7 +26,7 @@ Item {
         anchors.horizontalCenter: parent.horizontalCenter
         width: root.activeFocus ? 3 : 1
         height: parent.height
-        color: root.activeFocus ? GlassKit.accent : GlassKit.separator
+        color: root.activeFocus ? GlassKit.colors.accent : GlassKit.colors.separator
     }
     HoverHandler {
         cursorShape: Qt.SplitHCursor

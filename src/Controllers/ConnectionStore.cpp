@@ -10,11 +10,12 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace {
 
-// Looks for 15 seconds: what is not up by then may come up when the operator is long at work.
+// For 15 seconds: after that the operator is at work, and the selection must not move.
 constexpr int launchLooks = 75;
 constexpr auto pauseBeforeALook = 200ms;
 
@@ -26,15 +27,54 @@ ConnectionStore::ConnectionStore(SerialQueue& mainQueue, DriverMaker makeDriver,
       m_labels(folder),
       m_salvoStore(folder),
       m_panelStore(folder),
-      m_file(folder + QStringLiteral("/connections.json"), QStringLiteral("ConnectionStore"),
-          JsonFile::MovedAside::namesTheCopy),
+      m_file(folder + u"/connections.json"_s, u"ConnectionStore"_s, JsonFile::MovedAside::namesTheCopy),
       m_connections(loadConnections()),
       m_selectedConnectionID(firstID())
 {
+    const auto note = [this](const QString& fileName, const std::optional<QString>& error) {
+        noteSave(fileName, error);
+    };
+    m_labels.onSaved(note);
+    m_salvoStore.onSaved(note);
+    m_panelStore.onSaved(note);
+    m_file.onSaved(note);
+}
+
+QString ConnectionStore::saveProblem() const
+{
+    if (m_saveProblems.isEmpty() || m_isSaveProblemDismissed)
+        return {};
+    QStringList parts;
+    for (auto problem = m_saveProblems.cbegin(); problem != m_saveProblems.cend(); ++problem)
+        parts.append(u"%1 (%2)"_s.arg(problem.key(), problem.value()));
+    return u"Not saved: "_s + parts.join(u", "_s);
+}
+
+void ConnectionStore::dismissSaveProblem()
+{
+    Q_ASSERT(m_mainQueue.isCurrent());
+    if (saveProblem().isEmpty())
+        return;
+    m_isSaveProblemDismissed = true;
+    emit saveProblemChanged();
+}
+
+void ConnectionStore::noteSave(const QString& fileName, const std::optional<QString>& error)
+{
+    const auto before = saveProblem();
+    if (!error) {
+        m_saveProblems.remove(fileName);
+    } else if (!m_saveProblems.contains(fileName)) {
+        m_saveProblems.insert(fileName, *error);
+        m_isSaveProblemDismissed = false;
+    }
+    if (saveProblem() != before)
+        emit saveProblemChanged();
 }
 
 void ConnectionStore::setConnections(const QList<RouterConnection>& connections)
 {
+    Q_ASSERT(m_mainQueue.isCurrent());
     if (m_connections == connections)
         return;
     m_connections = connections;
@@ -43,6 +83,7 @@ void ConnectionStore::setConnections(const QList<RouterConnection>& connections)
 
 void ConnectionStore::setSelectedConnectionID(std::optional<QUuid> id)
 {
+    Q_ASSERT(m_mainQueue.isCurrent());
     if (std::exchange(m_selectedConnectionID, id) != id)
         emit selectedConnectionIDChanged();
 }
@@ -54,6 +95,7 @@ std::optional<RouterConnection> ConnectionStore::selectedConnection() const
 
 MatrixController& ConnectionStore::controller(const RouterConnection& connection)
 {
+    Q_ASSERT(m_mainQueue.isCurrent());
     auto& controller = m_controllers[connection.id];
     if (!controller)
         controller = std::make_shared<MatrixController>(connection,
@@ -63,6 +105,7 @@ MatrixController& ConnectionStore::controller(const RouterConnection& connection
 
 void ConnectionStore::add(const RouterConnection& connection, Persist persist)
 {
+    Q_ASSERT(m_mainQueue.isCurrent());
     m_connections.append(connection);
     if (persist == Persist::yes)
         save();
@@ -76,6 +119,7 @@ void ConnectionStore::add(const RouterConnection& connection, Persist persist)
 
 void ConnectionStore::update(const RouterConnection& connection)
 {
+    Q_ASSERT(m_mainQueue.isCurrent());
     const auto place = std::ranges::find(m_connections, connection.id, &RouterConnection::id);
     if (place == m_connections.end())
         return;
@@ -91,6 +135,7 @@ void ConnectionStore::update(const RouterConnection& connection)
 
 void ConnectionStore::remove(const RouterConnection& connection)
 {
+    Q_ASSERT(m_mainQueue.isCurrent());
     // The argument may be an element of our own list.
     const auto id = connection.id;
     m_autoSelect.request_stop();
@@ -126,7 +171,7 @@ void ConnectionStore::autoConnectOnLaunch()
     if (std::exchange(m_didRunLaunchConnect, true))
         return;
     QList<QUuid> routers;
-    // A copy, for what connecting sets off may change the list.
+    // A copy, because an observer of the connecting may change the list.
     for (const auto connections = m_connections; const auto& connection : connections) {
         if (connection.vendor == RouterVendor::simulator)
             continue;
@@ -153,7 +198,7 @@ void ConnectionStore::startAutoSelect(const QList<QUuid>& routers)
         });
 }
 
-/// One look at the routers; selects the first that is up.
+/// Selects the first router that is up; true ends the search.
 bool ConnectionStore::isAutoSelectOver(std::optional<QUuid> launchSelection, const QList<QUuid>& routers)
 {
     if (m_selectedConnectionID != launchSelection)
@@ -191,18 +236,18 @@ std::optional<QUuid> ConnectionStore::firstID() const
     return m_connections.isEmpty() ? std::nullopt : std::optional(m_connections.front().id);
 }
 
-/// Whether there was one.
+/// Returns whether there was one.
 bool ConnectionStore::dropController(const QUuid& id)
 {
     const auto controller = m_controllers.value(id);
     if (!controller)
         return false;
-    // Still the router's controller while it tells of its end: whoever asks for it upon that must not be
-    // given a new one, made from a record on its way out.
+    // Removed only after its last signals: an observer that asks for the router's controller then must not
+    // get a new one, made from the old record.
     controller->disconnect();
     if (m_controllers.value(id) == controller)
         m_controllers.remove(id);
-    // Whoever is being told something by it right now gets to finish.
+    // Deleted on a later turn, because one of its signals may be in progress.
     m_mainQueue.async([controller] {});
     return true;
 }

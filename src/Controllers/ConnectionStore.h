@@ -6,6 +6,7 @@
 #include "Model/PanelStore.h"
 #include "Model/SalvoStore.h"
 
+#include <QMap>
 #include <QSet>
 
 #include <memory>
@@ -13,21 +14,22 @@
 
 namespace corvane {
 
-/// The root of everything: the saved routers and which one is selected, the stores, and one controller for
-/// each router. The routers are kept in "connections.json"; the selection is not kept.
+/// The root of all that is saved and connected: the saved routers and which one is selected, the stores, and
+/// one controller for each router. The routers are kept in "connections.json"; the selection is not kept.
 ///
 /// Every change of the list is on the disk when the call returns; one that can't be written stays in memory,
-/// and a line on standard output tells of it. Observers hear of an operation when all of it is done. Main
-/// thread only.
+/// and `saveProblem` and a line on standard output say why. Signals are emitted once the whole operation is
+/// done. Main thread only; asserted.
 class ConnectionStore : public QObject {
     Q_OBJECT
+    Q_PROPERTY(QString saveProblem READ saveProblem NOTIFY saveProblemChanged FINAL)
 
 public:
     enum class Persist { yes, no };
 
-    /// Loads everything that `folder` holds. Without a list of routers there are the samples, which reach the
-    /// disk with the first save. The first router is selected; nothing is connected. `mainQueue` must outlive
-    /// the store.
+    /// Loads everything that `folder` holds. Without a list of routers there are the samples, which are
+    /// written with the first save. The first router is selected; nothing is connected. `mainQueue` must
+    /// outlive the store.
     ConnectionStore(SerialQueue& mainQueue, DriverMaker makeDriver, const QString& folder);
 
     /// In the operator's order.
@@ -41,15 +43,15 @@ public:
     [[nodiscard]] std::optional<RouterConnection> selectedConnection() const;
 
     /// The router's controller, made at the first call. It stays, connected or not, until its router is
-    /// edited or removed; from then on the reference is good only until the main queue's next turn.
+    /// edited or removed; from then on the reference is valid only until the main queue's next turn.
     MatrixController& controller(const RouterConnection& connection);
 
-    /// Appends a router and selects it. One that does not persist lives for this run only and never reaches
-    /// the disk.
+    /// Appends a router and selects it. One that does not persist exists for this run only and is never
+    /// written.
     void add(const RouterConnection& connection, Persist persist);
 
-    /// Replaces the router of the same id in its place. Its controller is disconnected and gives way to a new
-    /// one. Labels, panels and salvos stay, for they hang on the id. An unknown id changes nothing.
+    /// Replaces the router of the same id in its place. Its controller is disconnected and replaced. Labels,
+    /// panels and salvos stay, because they belong to the id. An unknown id changes nothing.
     void update(const RouterConnection& connection);
 
     /// Removes a router with its labels, panels and salvos, and disconnects it.
@@ -66,17 +68,26 @@ public:
     [[nodiscard]] SalvoStore& salvoStore() { return m_salvoStore; }
     [[nodiscard]] PanelStore& panelStore() { return m_panelStore; }
 
+    /// "Not saved: {file} ({reason})" with every file of the stores that could not be written, or empty. A
+    /// file leaves the text with its next successful save; until then further failures change nothing.
+    [[nodiscard]] QString saveProblem() const;
+    /// Empties `saveProblem` until another file fails, or one fails again after a successful save.
+    void dismissSaveProblem();
+
 signals:
     void connectionsChanged();
     void selectedConnectionIDChanged();
-    /// The router was edited: its old controller is about to go, and `controller` gives the new one.
+    /// The router was edited: its old controller is about to be deleted, and `controller` returns the new
+    /// one.
     void controllerReplaced(const QUuid& id);
+    void saveProblemChanged();
 
 private:
     [[nodiscard]] QList<RouterConnection> loadConnections() const;
     [[nodiscard]] std::optional<RouterConnection> connection(const QUuid& id) const;
     [[nodiscard]] std::optional<QUuid> firstID() const;
     bool dropController(const QUuid& id);
+    void noteSave(const QString& fileName, const std::optional<QString>& error);
     void startAutoSelect(const QList<QUuid>& routers);
     [[nodiscard]] bool isAutoSelectOver(std::optional<QUuid> launchSelection, const QList<QUuid>& routers);
 
@@ -88,7 +99,10 @@ private:
     QSet<QUuid> m_ephemeralIDs;
     std::stop_source m_autoSelect{std::nostopstate};
     bool m_didRunLaunchConnect = false;
-    const JsonFile m_file;
+    JsonFile m_file;
+    /// The reason by file.
+    QMap<QString, QString> m_saveProblems;
+    bool m_isSaveProblemDismissed = false;
     QList<RouterConnection> m_connections;
     std::optional<QUuid> m_selectedConnectionID;
     QHash<QUuid, std::shared_ptr<MatrixController>> m_controllers;

@@ -1,5 +1,7 @@
 #include "Controllers/EffectiveLabels.h"
 
+#include "Model/Naming.h"
+
 #include <algorithm>
 
 namespace corvane {
@@ -11,7 +13,7 @@ DeviceNames namesOf(const QList<Port>& ports)
     DeviceNames names;
     names.reserve(ports.size());
     for (const auto& port : ports)
-        names.insert(port.index, port.label);
+        names.insert(port.index, naming::kept(port.label));
     return names;
 }
 
@@ -23,7 +25,8 @@ qsizetype positionOf(const QList<Port>& ports, qint64 index)
     return found == ports.cend() ? -1 : found - ports.cbegin();
 }
 
-bool layLabelAt(QList<Port>& ports, qsizetype position, const CustomLabels& custom, const DeviceNames& device)
+bool applyLabelAt(
+    QList<Port>& ports, qsizetype position, const CustomLabels& custom, const DeviceNames& device)
 {
     const auto& port = ports.at(position);
     const auto label = effectiveLabel(port, custom, device);
@@ -50,18 +53,18 @@ QString effectiveLabel(const Port& port, const CustomLabels& custom, const Devic
     return device.value(port.index, port.label);
 }
 
-bool layLabels(QList<Port>& ports, const CustomLabels& custom, const DeviceNames& device)
+bool applyLabels(QList<Port>& ports, const CustomLabels& custom, const DeviceNames& device)
 {
     bool isChanged = false;
     for (qsizetype position = 0; position < ports.size(); ++position)
-        isChanged |= layLabelAt(ports, position, custom, device);
+        isChanged |= applyLabelAt(ports, position, custom, device);
     return isChanged;
 }
 
-bool layLabel(QList<Port>& ports, qint64 index, const CustomLabels& custom, const DeviceNames& device)
+bool applyLabel(QList<Port>& ports, qint64 index, const CustomLabels& custom, const DeviceNames& device)
 {
     const auto position = positionOf(ports, index);
-    return position >= 0 && layLabelAt(ports, position, custom, device);
+    return position >= 0 && applyLabelAt(ports, position, custom, device);
 }
 
 } // namespace corvane

@@ -17,17 +17,18 @@ struct DeviceLabels {
     DeviceNames destinations;
 };
 
-/// Takes the names as the device sent them. Should it name an index twice, the last name counts.
+/// The names as the device sent them, cut to `naming::longest`. If an index occurs twice, the last name
+/// counts.
 DeviceLabels deviceLabels(const RouterState& state);
 
 /// The custom name, else the device's, else the one that the port has.
 QString effectiveLabel(const Port& port, const CustomLabels& custom, const DeviceNames& device);
 
-/// Gives every port its effective name; whether that changed any.
-bool layLabels(QList<Port>& ports, const CustomLabels& custom, const DeviceNames& device);
+/// Gives every port its effective name; returns whether that changed any.
+bool applyLabels(QList<Port>& ports, const CustomLabels& custom, const DeviceNames& device);
 
-/// The same for the port of one index, if there is one. Costs next to nothing for ports that stand in the
-/// order of their indices, so that a router which tells a thousand names one by one may do so.
-bool layLabel(QList<Port>& ports, qint64 index, const CustomLabels& custom, const DeviceNames& device);
+/// The same for the port of one index, if there is one. Where ports stand in the order of their indices, the
+/// cost does not depend on their number.
+bool applyLabel(QList<Port>& ports, qint64 index, const CustomLabels& custom, const DeviceNames& device);
 
 } // namespace corvane

@@ -9,16 +9,34 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Counted from 1 as operators do; without the sign, for the largest number has no successor.
+QString numbered(const QString& what, qint64 index)
+{
+    return what.arg(static_cast<qint64>(static_cast<quint64>(index) + 1));
+}
+
+QString labelAt(const QList<Port>& ports, qint64 position, const QString& otherwise)
+{
+    return position >= 0 && position < ports.size() ? ports.at(position).label
+                                                    : numbered(otherwise, position);
+}
+
+} // namespace
+
 MatrixController::MatrixController(RouterConnection connection, const Environment& environment)
     : m_connection(std::move(connection)),
       m_environment(environment),
       m_storeKey(idText(m_connection.id)),
       m_state(RouterState::empty(m_connection))
 {
-    m_now.salvos = environment.salvoStore.byConnection().value(m_storeKey);
-    m_now.panels = environment.panelStore.panels(m_connection.id);
+    m_observed.salvos = environment.salvoStore.byConnection().value(m_storeKey);
+    m_observed.panels = environment.panelStore.panels(m_connection.id);
     if (const auto stored = panel(environment.panelStore.activePanelID(m_connection.id)))
-        m_now.activePanelID = stored->id;
+        m_activePanelID = stored->id;
     refreshPanelPorts();
 }
 
@@ -29,8 +47,8 @@ void MatrixController::connect()
     const Change change(*this);
     teardown();
     m_driver = m_environment.makeDriver(m_connection);
-    m_now.status = Connecting{};
-    m_now.lastError.reset();
+    m_observed.status = Connecting{};
+    m_observed.lastError.reset();
     m_eventStop = std::stop_source();
     m_driver->events().consume(m_environment.mainQueue, m_eventStop.get_token(),
         [weak = weak_from_this()](RouterDriverEvent&& event) {
@@ -50,11 +68,10 @@ void MatrixController::disconnect()
 {
     const Change change(*this);
     tellDriverToDisconnect();
-    // Tells it a second time, which a driver must bear: this way it has heard it whatever became of the
-    // first.
+    // Tells it a second time, which every driver must allow.
     teardown();
-    m_now.status = Disconnected{};
-    m_now.statusMessage.clear();
+    m_observed.status = Disconnected{};
+    m_observed.statusMessage.clear();
 }
 
 void MatrixController::teardown()
@@ -62,14 +79,15 @@ void MatrixController::teardown()
     m_eventStop.request_stop();
     tellDriverToDisconnect();
     m_driver.reset();
-    m_now.readingProgress.reset();
+    m_observed.readingProgress.reset();
+    m_observed.connectionFailure.clear();
     clearPending();
 }
 
 void MatrixController::setReadingProgress(std::optional<double> fraction)
 {
     const Change change(*this);
-    m_now.readingProgress = fraction;
+    m_observed.readingProgress = fraction;
 }
 
 void MatrixController::tellDriverToDisconnect()
@@ -78,8 +96,9 @@ void MatrixController::tellDriverToDisconnect()
         startTask(m_environment.mainQueue, [driver = m_driver] { return driver->disconnect(); });
 }
 
-void MatrixController::send(Command command, FailureHandler onFailure)
+void MatrixController::startCommand(Command command, FailureHandler onFailure)
 {
+    Q_ASSERT(m_environment.mainQueue.isCurrent());
     if (!m_driver)
         return;
     startTask(m_environment.mainQueue,
@@ -98,52 +117,59 @@ void MatrixController::send(Command command, FailureHandler onFailure)
 QString MatrixController::levelName(qint64 level) const
 {
     const auto found = std::ranges::find(m_state.levels, level, &RouterLevel::index);
-    if (found != m_state.levels.cend())
-        return found->name;
-    // Counted without the sign, for the largest index has no successor.
-    return QStringLiteral("L%1").arg(static_cast<qint64>(static_cast<quint64>(level) + 1));
+    return found != m_state.levels.cend() ? found->name : numbered(QStringLiteral("L%1"), level);
+}
+
+QString MatrixController::destinationLabel(qint64 destination) const
+{
+    return labelAt(m_state.destinations, destination, QStringLiteral("Dest %1"));
+}
+
+QString MatrixController::sourceLabel(qint64 source) const
+{
+    return labelAt(m_state.sources, source, QStringLiteral("Src %1"));
 }
 
 void MatrixController::setLastError(std::optional<QString> message)
 {
     const Change change(*this);
-    m_now.lastError = std::move(message);
+    m_observed.lastError = std::move(message);
 }
 
 void MatrixController::setViewMode(RouteViewMode mode)
 {
     const Change change(*this);
-    m_now.viewMode = mode;
+    m_operator.viewMode = mode;
 }
 
 void MatrixController::setPrimaryLevel(qint64 level)
 {
     const Change change(*this);
-    m_now.primaryLevel = level;
+    m_operator.primaryLevel = level;
 }
 
 void MatrixController::setBreakawayLevels(const QSet<qint64>& levels)
 {
     const Change change(*this);
-    m_now.breakawayLevels = levels;
+    m_operator.breakawayLevels = levels;
 }
 
 void MatrixController::setPendingDestination(std::optional<qint64> destination)
 {
     const Change change(*this);
-    m_now.staging.destination = destination;
+    m_operator.staging.destination = destination;
 }
 
 void MatrixController::setPendingSource(std::optional<qint64> source)
 {
     const Change change(*this);
-    m_now.staging.source = source;
+    m_operator.staging.source = source;
 }
 
 void MatrixController::setPendingDestinations(const QSet<qint64>& destinations)
 {
     const Change change(*this);
-    m_now.staging.destinations = destinations;
+    m_operator.staging.destinations = destinations;
 }
 
 } // namespace corvane

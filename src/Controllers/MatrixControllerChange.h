@@ -6,8 +6,8 @@
 
 namespace corvane {
 
-/// One operation on a controller: while it lasts nobody is told anything, and at its end observers hear once
-/// of each property that is really different. One inside another belongs to the outermost.
+/// One operation on a controller: no signal is emitted while it lasts, and at its end each signal is emitted
+/// at most once, if what it tells of is different. One inside another belongs to the outermost.
 class MatrixController::Change {
 public:
     explicit Change(MatrixController& controller);
@@ -15,18 +15,24 @@ public:
     Change& operator=(const Change&) = delete;
     ~Change();
 
-    /// What else to tell at the end, before the properties.
-    void note(std::function<void()> tell) { m_controller.m_change->m_notes.push_back(std::move(tell)); }
+    /// What else to emit at the end, before the rest.
+    void note(std::function<void()> emitSignal)
+    {
+        m_controller.m_change->m_notes.push_back(std::move(emitSignal));
+    }
 
 private:
     struct Before {
+        OperatorState operatorState;
         Observed observed;
+        QString renameDraft;
         VisiblePorts visiblePorts;
+        std::optional<QUuid> activePanelID;
         std::optional<SubPanel> activePanel;
+        QList<qint64> lockedPendingDestinations;
     };
 
-    void tellOf(const Before& before) const;
-    void tellOfProperties(const Observed& before) const;
+    void emitDifferences() const;
 
     MatrixController& m_controller;
     /// Absent in an inner change.

@@ -1,40 +1,41 @@
 #include "Controllers/MatrixController.h"
 
 #include "Controllers/MatrixControllerChange.h"
-#include "Foundation/Text.h"
 #include "Model/LabelStore.h"
+#include "Model/Naming.h"
+
+#include <utility>
 
 namespace corvane {
 
-void MatrixController::learnDeviceLabel(PortKind kind, qint64 index, const QString& label)
+void MatrixController::applyReportedLabels()
 {
-    const bool isSource = kind == PortKind::source;
-    auto& device = isSource ? m_deviceLabels.sources : m_deviceLabels.destinations;
-    device.insert(index, label);
-
     const auto custom = customLabels();
-    const auto& customNames = isSource ? custom.sources : custom.destinations;
-    bool isChanged = layLabel(isSource ? m_state.sources : m_state.destinations, index, customNames, device);
-    if (m_panelPorts) {
-        auto& shown = isSource ? m_panelPorts->sources : m_panelPorts->destinations;
-        isChanged |= layLabel(shown, index, customNames, device);
+    bool isChanged = false;
+    for (const auto& [kind, index] : std::exchange(m_reportedLabels, {})) {
+        isChanged |= kind == PortKind::source
+            ? applyLabel(m_state.sources, index, custom.sources, m_deviceLabels.sources)
+            : applyLabel(m_state.destinations, index, custom.destinations, m_deviceLabels.destinations);
     }
-    if (isChanged)
-        emit labelsChanged();
+    if (!isChanged)
+        return;
+    refreshPanelPorts();
+    emit labelsChanged();
 }
 
 void MatrixController::applyLabelOverrides()
 {
-    if (layAllLabels())
+    Q_ASSERT(m_environment.mainQueue.isCurrent());
+    if (applyAllLabels())
         emit labelsChanged();
 }
 
-bool MatrixController::layAllLabels()
+bool MatrixController::applyAllLabels()
 {
     const auto custom = customLabels();
-    const bool isAnySource = layLabels(m_state.sources, custom.sources, m_deviceLabels.sources);
+    const bool isAnySource = applyLabels(m_state.sources, custom.sources, m_deviceLabels.sources);
     const bool isAnyDestination =
-        layLabels(m_state.destinations, custom.destinations, m_deviceLabels.destinations);
+        applyLabels(m_state.destinations, custom.destinations, m_deviceLabels.destinations);
     if (!isAnySource && !isAnyDestination)
         return false;
     refreshPanelPorts();
@@ -49,46 +50,57 @@ PortLabels MatrixController::customLabels() const
 void MatrixController::setRenameTarget(std::optional<PortRef> target)
 {
     const Change change(*this);
-    m_now.renameTarget = target;
+    m_observed.renameTarget = target;
 }
 
 void MatrixController::setRenameDraft(const QString& draft)
 {
     const Change change(*this);
-    m_now.renameDraft = draft;
+    m_renameDraft = draft;
 }
 
 void MatrixController::beginRename(PortKind kind, qint64 index)
 {
     const Change change(*this);
     const auto& ports = kind == PortKind::source ? m_state.sources : m_state.destinations;
-    m_now.renameDraft = index >= 0 && index < ports.size() ? ports.at(index).label : QString();
-    m_now.renameTarget = PortRef{kind, index};
+    m_renameDraft = index >= 0 && index < ports.size() ? ports.at(index).label : QString();
+    m_observed.renameTarget = PortRef{kind, index};
 }
 
 void MatrixController::commitRename()
 {
-    const auto target = m_now.renameTarget;
+    const auto target = m_observed.renameTarget;
     if (!target)
         return;
-    const auto draft = m_now.renameDraft;
-    // Closed first, for whoever hears of the new name may begin the next rename.
+    const auto draft = m_renameDraft;
+    // Ended first, because an observer of the new name may begin the next rename.
     setRenameTarget(std::nullopt);
     rename(target->kind, target->index, draft);
 }
 
 void MatrixController::rename(PortKind kind, qint64 index, const QString& label)
 {
-    m_environment.labelStore.set(label, kind, index, m_connection.id);
-    if (const auto name = text::trimWhiteSpace(label); isConnected() && !name.isEmpty()) {
-        send([name, index, kind](RouterDriver& driver) { return driver.setLabel(name, index, kind); },
-            [](const QString&) {
-                // The custom name is in force already: a router that can't keep names makes no difference to
-                // anyone.
-            });
-    }
-    // Last, for what an observer does upon the new name must reach the router after it.
+    renameAll({{{kind, index}, label}});
+}
+
+void MatrixController::renameAll(const QList<LabelChange>& changes)
+{
+    m_environment.labelStore.setAll(changes, m_connection.id);
+    for (const auto& [port, label] : changes)
+        sendLabel(port, naming::entered(label));
+    // Last, so that what an observer does now reaches the router after the names.
     applyLabelOverrides();
+}
+
+void MatrixController::sendLabel(const PortRef& port, const QString& label)
+{
+    if (!isConnected() || label.isEmpty())
+        return;
+    startCommand(
+        [port, label](RouterDriver& driver) { return driver.setLabel(label, port.index, port.kind); },
+        [](const QString&) {
+            // Nothing to report: the custom label is in force, whether the router can store names or not.
+        });
 }
 
 } // namespace corvane

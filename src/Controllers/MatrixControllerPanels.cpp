@@ -1,6 +1,7 @@
 #include "Controllers/MatrixController.h"
 
 #include "Controllers/MatrixControllerChange.h"
+#include "Model/Naming.h"
 #include "Model/PanelStore.h"
 #include "Model/SalvoStore.h"
 
@@ -8,23 +9,25 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 std::optional<SubPanel> MatrixController::panel(std::optional<QUuid> panelID) const
 {
     if (!panelID)
         return std::nullopt;
-    const auto found = std::ranges::find(m_now.panels, *panelID, &SubPanel::id);
-    return found == m_now.panels.cend() ? std::nullopt : std::optional(*found);
+    const auto found = std::ranges::find(m_observed.panels, *panelID, &SubPanel::id);
+    return found == m_observed.panels.cend() ? std::nullopt : std::optional(*found);
 }
 
 std::optional<SubPanel> MatrixController::activePanel() const
 {
-    return panel(m_now.activePanelID);
+    return panel(m_activePanelID);
 }
 
 void MatrixController::setActivePanelID(std::optional<QUuid> panelID)
 {
     const Change change(*this);
-    if (std::exchange(m_now.activePanelID, panelID) == panelID)
+    if (std::exchange(m_activePanelID, panelID) == panelID)
         return;
     refreshPanelPorts();
     clearPending();
@@ -35,16 +38,18 @@ void MatrixController::setActivePanelID(std::optional<QUuid> panelID)
 SubPanel MatrixController::newPanelDraft() const
 {
     SubPanel draft;
-    draft.name = newPanelName(m_now.panels);
+    draft.name = newPanelName(m_observed.panels);
     return draft;
 }
 
 void MatrixController::savePanel(const SubPanel& panel)
 {
     const Change change(*this);
-    m_environment.panelStore.upsert(panel, m_connection.id);
+    auto entered = panel;
+    entered.name = naming::entered(panel.name);
+    m_environment.panelStore.upsert(entered, m_connection.id);
     readPanelsBack();
-    if (panel.id != m_now.activePanelID)
+    if (panel.id != m_activePanelID)
         return;
     clearPending();
     pruneSelectionsToVisible();
@@ -55,10 +60,10 @@ void MatrixController::duplicatePanel(const SubPanel& panel)
     const Change change(*this);
     auto copy = panel;
     copy.id = QUuid::createUuid();
-    copy.name += QStringLiteral(" Copy");
+    copy.name += u" Copy"_s;
     savePanel(copy);
     QList<Salvo> salvos;
-    for (auto salvo : std::as_const(m_now.salvos)) {
+    for (auto salvo : std::as_const(m_observed.salvos)) {
         if (salvo.panelID != panel.id)
             continue;
         salvo.id = QUuid::createUuid();
@@ -76,7 +81,7 @@ void MatrixController::deletePanel(const SubPanel& panel)
     readSalvosBack();
     m_environment.panelStore.remove(panel.id, m_connection.id);
     readPanelsBack();
-    if (m_now.activePanelID == panel.id)
+    if (m_activePanelID == panel.id)
         setActivePanelID(std::nullopt);
 }
 
@@ -90,7 +95,7 @@ void MatrixController::movePanels(const QSet<qsizetype>& fromOffsets, qsizetype 
 
 void MatrixController::readPanelsBack()
 {
-    m_now.panels = m_environment.panelStore.panels(m_connection.id);
+    m_observed.panels = m_environment.panelStore.panels(m_connection.id);
     refreshPanelPorts();
 }
 
@@ -103,12 +108,12 @@ void MatrixController::refreshPanelPorts()
 void MatrixController::pruneSelectionsToVisible()
 {
     const auto destinations = routing::portIndices(visibleDestinations());
-    m_now.selection.destinations.intersect(destinations);
-    m_now.staging.destinations.intersect(destinations);
-    auto& destination = m_now.selection.destination;
+    m_operator.selection.destinations.intersect(destinations);
+    m_operator.staging.destinations.intersect(destinations);
+    auto& destination = m_operator.selection.destination;
     if (destination && !destinations.contains(*destination))
         destination.reset();
-    auto& source = m_now.selection.source;
+    auto& source = m_operator.selection.source;
     if (source && !routing::portIndices(visibleSources()).contains(*source))
         source.reset();
 }

@@ -4,67 +4,79 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 void MatrixController::setTakeMode(TakeMode mode)
 {
     const Change change(*this);
-    if (std::exchange(m_now.takeMode, mode) != mode)
+    if (std::exchange(m_operator.takeMode, mode) != mode)
         clearPending();
 }
 
 void MatrixController::setDirection(RoutingDirection direction)
 {
     const Change change(*this);
-    m_now.routingDirection = direction;
-    m_now.selection.destinations.clear();
-    m_now.multiSelectMode = false;
+    m_operator.routingDirection = direction;
+    m_operator.selection.destinations.clear();
+    m_operator.multiSelectMode = false;
     clearPending();
 }
 
 void MatrixController::setMultiSelectMode(bool isOn)
 {
     const Change change(*this);
-    if (std::exchange(m_now.multiSelectMode, isOn) == isOn || isOn)
+    if (std::exchange(m_operator.multiSelectMode, isOn) == isOn || isOn)
         return;
-    m_now.selection.destinations.clear();
+    m_operator.selection.destinations.clear();
     if (isConfirming())
         clearPending();
 }
 
+void MatrixController::setAim(const Aim& aim)
+{
+    const Change change(*this);
+    m_operator.selection = aim.selection;
+    m_operator.staging = aim.staging;
+}
+
 QList<qint64> MatrixController::activeLevels() const
 {
-    return routing::activeLevels(m_state.levels, m_now.breakawayLevels);
+    return routing::activeLevels(m_state.levels, m_operator.breakawayLevels);
 }
 
 QList<qint64> MatrixController::xyTargets() const
 {
-    return routing::targets(m_now.selection);
-}
-
-bool MatrixController::isXYTarget(qint64 destination) const
-{
-    return routing::isTarget(m_now.selection, destination);
+    return routing::targets(m_operator.selection);
 }
 
 std::optional<PendingTake> MatrixController::pendingTake() const
 {
-    return routing::pendingTake(m_now.staging, m_now.selection, m_now.routingDirection);
+    return routing::pendingTake(m_operator.staging, m_operator.selection, m_operator.routingDirection);
 }
 
 bool MatrixController::hasStaging() const
 {
-    return routing::hasStaging(m_now.staging);
+    return routing::hasStaging(m_operator.staging);
 }
 
 bool MatrixController::allGanged() const
 {
     const auto open = unlockedDestinations();
-    return !open.isEmpty() && m_now.selection.destinations == open;
+    return !open.isEmpty() && m_operator.selection.destinations == open;
 }
 
 bool MatrixController::allDestinationsStaged() const
 {
     const auto open = unlockedDestinations();
-    return !open.isEmpty() && m_now.staging.destinations == open;
+    return !open.isEmpty() && m_operator.staging.destinations == open;
+}
+
+QList<qint64> MatrixController::lockedPendingDestinations() const
+{
+    auto staged = m_operator.staging.destinations;
+    if (m_operator.staging.destination)
+        staged.insert(*m_operator.staging.destination);
+    return routing::ascending(staged & m_state.lockedDestinations);
 }
 
 QSet<qint64> MatrixController::unlockedDestinations() const
@@ -75,40 +87,58 @@ QSet<qint64> MatrixController::unlockedDestinations() const
 void MatrixController::clearPending()
 {
     const Change change(*this);
-    m_now.staging = {};
+    m_operator.staging = {};
 }
 
 void MatrixController::take(qint64 source, qint64 destination)
 {
-    if (m_state.isLocked(destination)) {
-        setLastError(QStringLiteral("%1 is locked.").arg(nameForLockMessage(destination)));
+    if (refuseLocked({destination}).isEmpty())
         return;
-    }
     QList<Route> routes;
     for (const auto level : activeLevels())
         routes.append({level, destination, source});
-    sendRoutes(routes);
+    routeOptimistically(routes);
 }
 
-/// By position and not by index, as operators have always read it.
-QString MatrixController::nameForLockMessage(qint64 destination) const
+QList<qint64> MatrixController::refuseLocked(const QList<qint64>& destinations)
 {
-    if (destination < 0 || destination >= m_state.destinations.size())
-        return QStringLiteral("Destination");
-    return m_state.destinations.at(destination).label;
+    const Change change(*this);
+    QList<qint64> unlocked;
+    for (const auto destination : destinations) {
+        if (m_state.isLocked(destination))
+            setLastError(lockMessage(destination));
+        else
+            unlocked.append(destination);
+    }
+    return unlocked;
 }
 
-void MatrixController::sendRoutes(const QList<Route>& routes)
+QString MatrixController::lockMessage(qint64 destination) const
 {
-    // What an observer does upon the new tallies must reach the router after them.
+    // By position in the list, not by the port's index.
+    const bool isInList = destination >= 0 && destination < m_state.destinations.size();
+    return u"%1 is locked."_s.arg(isInList ? m_state.destinations.at(destination).label : u"Destination"_s);
+}
+
+void MatrixController::stageRoute(qint64 source, qint64 destination)
+{
+    const Change change(*this);
+    if (!refuseLocked({destination}).isEmpty())
+        m_operator.staging = routing::staged(source, {destination});
+}
+
+void MatrixController::routeOptimistically(const QList<Route>& routes)
+{
+    // Signals are emitted after the command has started, so that what an observer does reaches the router
+    // after it.
     const Change change(*this);
     QList<Crosspoint> wanted;
     for (const auto& route : routes)
         wanted.append({route.level, route.destination, route.source});
     const auto before = writeTallies(wanted);
-    send([routes](RouterDriver& driver) { return driver.takeAll(routes); },
+    startCommand([routes](RouterDriver& driver) { return driver.takeAll(routes); },
         [this, before](const QString& description) {
-            // Regardless of what was routed since: the router's own reports put the display right.
+            // Whatever was routed since: the router's own reports correct the display.
             const Change rollback(*this);
             writeTallies(before);
             setLastError(description);
@@ -143,60 +173,58 @@ void MatrixController::selectDestination(qint64 destination)
     if (!isConfirming())
         return;
     const Change change(*this);
-    m_now.staging = {.destination = destination, .source = {}, .destinations = {}};
+    m_operator.staging = {.destination = destination, .source = {}, .destinations = {}};
 }
 
 void MatrixController::focusDestination(qint64 destination)
 {
-    if (m_now.multiSelectMode && m_now.routingDirection == RoutingDirection::destinationLed) {
+    if (m_operator.multiSelectMode && m_operator.routingDirection == RoutingDirection::destinationLed) {
         toggleDestinationInGang(destination);
         return;
     }
     const Change change(*this);
-    m_now.selection.destination = destination;
-    m_now.selection.destinations.clear();
+    m_operator.selection.destination = destination;
+    m_operator.selection.destinations.clear();
     selectDestination(destination);
 }
 
 void MatrixController::toggleDestinationInGang(qint64 destination)
 {
-    if (m_now.routingDirection != RoutingDirection::destinationLed)
+    if (m_operator.routingDirection != RoutingDirection::destinationLed)
         return;
     const Change change(*this);
-    m_now.selection = routing::toggledInGang(m_now.selection, destination);
+    m_operator.selection = routing::toggledInGang(m_operator.selection, destination);
     if (!isConfirming())
         return;
-    m_now.staging.destination.reset();
-    m_now.staging.destinations.clear();
+    m_operator.staging.destination.reset();
+    m_operator.staging.destinations.clear();
     // A staged source follows the gang.
-    if (m_now.staging.source)
-        stageXY(*m_now.staging.source);
+    if (m_operator.staging.source)
+        stageXY(*m_operator.staging.source);
 }
 
 void MatrixController::selectAllInGang()
 {
-    if (!m_now.multiSelectMode)
+    if (!m_operator.multiSelectMode)
         return;
     const Change change(*this);
-    m_now.selection.destinations = unlockedDestinations();
+    m_operator.selection.destinations = unlockedDestinations();
 }
 
 void MatrixController::deselectAllInGang()
 {
     const Change change(*this);
-    m_now.selection.destinations.clear();
-    m_now.selection.destination.reset();
+    m_operator.selection.destinations.clear();
+    m_operator.selection.destination.reset();
     if (isConfirming())
         clearPending();
 }
 
 void MatrixController::stageXY(qint64 source)
 {
-    const auto targets = xyTargets();
-    if (targets.isEmpty())
-        return;
     const Change change(*this);
-    m_now.staging = routing::staged(source, targets);
+    if (const auto targets = refuseLocked(xyTargets()); !targets.isEmpty())
+        m_operator.staging = routing::staged(source, targets);
 }
 
 void MatrixController::chooseSource(qint64 source)
@@ -213,30 +241,30 @@ void MatrixController::chooseSource(qint64 source)
 void MatrixController::focusSource(qint64 source)
 {
     const Change change(*this);
-    m_now.selection.source = source;
+    m_operator.selection.source = source;
     clearPending();
 }
 
 void MatrixController::assignDestination(qint64 destination)
 {
-    if (!m_now.selection.source)
+    if (!m_operator.selection.source)
         return;
     if (!isConfirming()) {
-        take(*m_now.selection.source, destination);
+        take(*m_operator.selection.source, destination);
         return;
     }
     const Change change(*this);
-    if (!m_now.staging.destinations.remove(destination) && !m_state.isLocked(destination))
-        m_now.staging.destinations.insert(destination);
+    if (!m_operator.staging.destinations.remove(destination) && !m_state.isLocked(destination))
+        m_operator.staging.destinations.insert(destination);
 }
 
 void MatrixController::selectAllDestinations()
 {
-    if (m_now.routingDirection != RoutingDirection::sourceLed || !m_now.selection.source)
+    if (m_operator.routingDirection != RoutingDirection::sourceLed || !m_operator.selection.source)
         return;
     const Change change(*this);
     setTakeMode(TakeMode::confirm);
-    m_now.staging = {.destination = {}, .source = {}, .destinations = unlockedDestinations()};
+    m_operator.staging = {.destination = {}, .source = {}, .destinations = unlockedDestinations()};
 }
 
 void MatrixController::toggleLock(qint64 destination)
@@ -244,8 +272,8 @@ void MatrixController::toggleLock(qint64 destination)
     const Change change(*this);
     const bool wasLocked = m_state.isLocked(destination);
     setLocked(destination, !wasLocked);
-    send([destination, level = m_now.primaryLevel, wasLocked](
-             RouterDriver& driver) { return driver.setLock(destination, level, !wasLocked); },
+    startCommand([destination, level = m_operator.primaryLevel, wasLocked](
+                     RouterDriver& driver) { return driver.setLock(destination, level, !wasLocked); },
         [this, destination, wasLocked](const QString& description) {
             const Change rollback(*this);
             setLocked(destination, wasLocked);

@@ -1,28 +1,29 @@
 #include "Controllers/MatrixController.h"
 
 #include "Controllers/MatrixControllerChange.h"
-#include "Foundation/Text.h"
+#include "Model/Naming.h"
 #include "Model/SalvoStore.h"
 
 #include <algorithm>
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 void MatrixController::saveSalvo(const QString& name, std::optional<QUuid> panelID)
 {
     const auto scope = panel(panelID);
-    const auto trimmed = text::trimWhiteSpace(name);
-    if (trimmed.isEmpty())
+    const auto entered = naming::entered(name);
+    if (entered.isEmpty())
         return;
     Salvo salvo;
-    salvo.name = trimmed;
+    salvo.name = entered;
     salvo.routes = captureRoutes(m_state, scope);
     salvo.savedAt = Timestamp::now();
     if (scope)
         salvo.panelID = scope->id;
     if (salvo.routes.isEmpty()) {
-        setLastError(
-            QStringLiteral("Nothing to capture — none of this panel's destinations exist on this router."));
+        setLastError(u"Nothing to capture — none of this panel's destinations exist on this router."_s);
         return;
     }
     m_environment.salvoStore.add(salvo, m_connection.id);
@@ -33,8 +34,7 @@ void MatrixController::updateSalvo(const Salvo& salvo)
 {
     const auto routes = captureRoutes(m_state, panel(salvo.panelID));
     if (routes.isEmpty()) {
-        setLastError(
-            QStringLiteral("Nothing to capture — none of this salvo's destinations exist on this router."));
+        setLastError(u"Nothing to capture — none of this salvo's destinations exist on this router."_s);
         return;
     }
     m_environment.salvoStore.update(salvo.id, routes, Timestamp::now(), m_connection.id);
@@ -43,14 +43,14 @@ void MatrixController::updateSalvo(const Salvo& salvo)
 
 bool MatrixController::renameSalvo(const Salvo& salvo, const QString& name)
 {
-    const auto trimmed = text::trimWhiteSpace(name);
+    const auto entered = naming::entered(name);
     const auto isNamesake = [&](const Salvo& other) {
         return other.id != salvo.id && other.panelID == salvo.panelID
-            && other.name.compare(trimmed, Qt::CaseInsensitive) == 0;
+            && other.name.compare(entered, Qt::CaseInsensitive) == 0;
     };
-    if (trimmed.isEmpty() || std::ranges::any_of(m_now.salvos, isNamesake))
+    if (entered.isEmpty() || std::ranges::any_of(m_observed.salvos, isNamesake))
         return false;
-    m_environment.salvoStore.rename(salvo.id, trimmed, m_connection.id);
+    m_environment.salvoStore.rename(salvo.id, entered, m_connection.id);
     readSalvosBack();
     return true;
 }
@@ -61,11 +61,11 @@ void MatrixController::deleteSalvo(const Salvo& salvo)
     readSalvosBack();
 }
 
-/// The store may have merged with a namesake, so its list is the truth.
+/// The store may have merged the salvo with a namesake.
 void MatrixController::readSalvosBack()
 {
     const Change change(*this);
-    m_now.salvos = m_environment.salvoStore.byConnection().value(m_storeKey);
+    m_observed.salvos = m_environment.salvoStore.byConnection().value(m_storeKey);
 }
 
 QList<Route> MatrixController::applicableRoutes(const Salvo& salvo) const
@@ -82,10 +82,10 @@ void MatrixController::fireSalvo(const Salvo& salvo)
 {
     const auto routes = applicableRoutes(salvo);
     if (routes.isEmpty()) {
-        setLastError(QStringLiteral("\"%1\" has no routes that apply to this router.").arg(salvo.name));
+        setLastError(u"\"%1\" has no routes that apply to this router."_s.arg(salvo.name));
         return;
     }
-    sendRoutes(routes);
+    routeOptimistically(routes);
 }
 
 bool MatrixController::isPanelSalvo(const Salvo& salvo) const
@@ -95,18 +95,18 @@ bool MatrixController::isPanelSalvo(const Salvo& salvo) const
 
 QList<Salvo> MatrixController::visibleSalvos() const
 {
-    if (!m_now.activePanelID)
+    if (!m_activePanelID)
         return fullRouterSalvos();
     QList<Salvo> visible;
-    std::ranges::copy_if(m_now.salvos, std::back_inserter(visible),
-        [this](const Salvo& salvo) { return salvo.panelID == m_now.activePanelID && isPanelSalvo(salvo); });
+    std::ranges::copy_if(m_observed.salvos, std::back_inserter(visible),
+        [this](const Salvo& salvo) { return salvo.panelID == m_activePanelID && isPanelSalvo(salvo); });
     return visible;
 }
 
 QList<Salvo> MatrixController::fullRouterSalvos() const
 {
     QList<Salvo> salvos;
-    std::ranges::copy_if(m_now.salvos, std::back_inserter(salvos),
+    std::ranges::copy_if(m_observed.salvos, std::back_inserter(salvos),
         [this](const Salvo& salvo) { return !isPanelSalvo(salvo); });
     return salvos;
 }
@@ -118,7 +118,7 @@ bool MatrixController::showsSalvoStrip() const
 
 qint64 MatrixController::salvoCount(const SubPanel& panel) const
 {
-    return std::ranges::count(m_now.salvos, std::optional(panel.id), &Salvo::panelID);
+    return std::ranges::count(m_observed.salvos, std::optional(panel.id), &Salvo::panelID);
 }
 
 } // namespace corvane

@@ -2,6 +2,8 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QList<Port> shown(const QList<qint64>& indices, const QList<Port>& ports)
@@ -32,9 +34,9 @@ QString newPanelName(const QList<SubPanel>& panels)
     for (const auto& panel : panels)
         taken.insert(panel.name.toLower());
     auto number = panels.size() + 1;
-    while (taken.contains(QStringLiteral("panel %1").arg(number)))
+    while (taken.contains(u"panel %1"_s.arg(number)))
         ++number;
-    return QStringLiteral("Panel %1").arg(number);
+    return u"Panel %1"_s.arg(number);
 }
 
 QList<SubPanel> movedAsBlock(

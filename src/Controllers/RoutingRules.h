@@ -22,6 +22,26 @@ struct Staging {
     bool operator==(const Staging&) const = default;
 };
 
+/// All that a click which routes nothing may change.
+struct Aim {
+    Selection selection;
+    Staging staging;
+    bool operator==(const Aim&) const = default;
+};
+
+/// What the operator has set, selected and staged at one router.
+struct OperatorState {
+    RouteViewMode viewMode = RouteViewMode::matrix;
+    TakeMode takeMode = TakeMode::immediate;
+    RoutingDirection routingDirection = RoutingDirection::destinationLed;
+    qint64 primaryLevel = 0;
+    QSet<qint64> breakawayLevels;
+    bool multiSelectMode = false;
+    Selection selection;
+    Staging staging;
+    bool operator==(const OperatorState&) const = default;
+};
+
 /// A staged take that is complete.
 struct PendingTake {
     qint64 source = 0;

@@ -10,6 +10,8 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct ServiceDeleter {
@@ -41,7 +43,7 @@ public:
 private:
     static QString failure(DNSServiceErrorType error)
     {
-        return QStringLiteral("Bonjour error %1").arg(static_cast<int>(error));
+        return u"Bonjour error %1"_s.arg(static_cast<int>(error));
     }
 
     static void found(DNSServiceRef, DNSServiceFlags, uint32_t, DNSServiceErrorType error, const char*,

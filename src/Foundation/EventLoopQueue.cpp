@@ -10,23 +10,26 @@
 #include <algorithm>
 #include <condition_variable>
 #include <deque>
+#include <functional>
 #include <map>
 #include <mutex>
-#include <set>
 #include <utility>
 
 namespace corvane {
 
-/// Lives on the queue's thread; only its public functions are called from others.
+/// Lives on the queue's thread; only `add` and `addAt` are called from others.
 class EventLoopQueue::Turn final : public QObject {
 public:
     explicit Turn(QThread& thread) { moveToThread(&thread); }
 
+    /// A function that comes too late is destroyed on return, outside the lock: it may hold anything.
     void add(Function function)
     {
         std::unique_ptr<QEvent> wake;
         {
             const std::lock_guard lock(m_mutex);
+            if (m_phase == Phase::over)
+                return;
             m_ready.push_back(std::move(function));
             wake = wakeEventLocked();
         }
@@ -38,7 +41,7 @@ public:
         std::unique_ptr<QEvent> wake;
         {
             const std::lock_guard lock(m_mutex);
-            if (m_isOver)
+            if (m_phase != Phase::running)
                 return;
             const auto position = m_waiting.emplace(deadline, std::move(item));
             if (position == m_waiting.begin())
@@ -47,16 +50,22 @@ public:
         post(std::move(wake));
     }
 
-    /// A timer must be stopped on the thread that it runs on, and not start again at the end of this turn.
-    void dropWaiting()
+    /// The timer is stopped here because that must happen on the thread that it runs on.
+    void runOut()
     {
-        std::multimap<Instant, WorkItem> dropped;
-        {
-            const std::lock_guard lock(m_mutex);
-            m_isOver = true;
-            std::swap(dropped, m_waiting);
-        }
+        dropWaiting();
         m_timer.stop();
+        for (auto ready = takeReadyOrEnd(); !ready.empty(); ready = takeReadyOrEnd())
+            runAll(ready);
+    }
+
+    void drop()
+    {
+        dropWaiting();
+        std::deque<Function> dropped;
+        const std::lock_guard lock(m_mutex);
+        m_phase = Phase::over;
+        std::swap(dropped, m_ready);
     }
 
 protected:
@@ -64,6 +73,8 @@ protected:
     void timerEvent(QTimerEvent*) override { run(); }
 
 private:
+    enum class Phase { running, runningOut, over };
+
     /// Made under our mutex, which the receiver takes first of all: so even the event itself is handed over
     /// in a way that a thread checker can follow.
     std::unique_ptr<QEvent> wakeEventLocked()
@@ -75,6 +86,29 @@ private:
     {
         if (wake)
             QCoreApplication::postEvent(this, wake.release());
+    }
+
+    void dropWaiting()
+    {
+        std::multimap<Instant, WorkItem> dropped;
+        const std::lock_guard lock(m_mutex);
+        m_phase = Phase::runningOut;
+        std::swap(dropped, m_waiting);
+    }
+
+    /// Nothing can come between finding the queue empty and its end.
+    std::deque<Function> takeReadyOrEnd()
+    {
+        const std::lock_guard lock(m_mutex);
+        if (m_ready.empty())
+            m_phase = Phase::over;
+        return std::exchange(m_ready, {});
+    }
+
+    static void runAll(std::deque<Function>& functions)
+    {
+        for (auto& function : functions)
+            function();
     }
 
     void run()
@@ -90,8 +124,7 @@ private:
                 due.push_back(std::move(item->second));
             m_waiting.erase(m_waiting.begin(), end);
         }
-        for (auto& function : ready)
-            function();
+        runAll(ready);
         for (auto& item : due)
             item.perform();
         armTimer();
@@ -117,13 +150,16 @@ private:
     std::deque<Function> m_ready;
     std::multimap<Instant, WorkItem> m_waiting;
     bool m_wakePosted = false;
-    bool m_isOver = false;
+    Phase m_phase = Phase::running;
     QBasicTimer m_timer;
 };
 
 EventLoopQueue::EventLoopQueue(QThread& thread) : m_turn(std::make_unique<Turn>(thread)) { }
 
-EventLoopQueue::~EventLoopQueue() = default;
+EventLoopQueue::~EventLoopQueue()
+{
+    m_turn->drop();
+}
 
 void EventLoopQueue::async(Function function)
 {
@@ -147,9 +183,9 @@ bool EventLoopQueue::isCurrent() const
     return QThread::currentThread() == m_turn->thread();
 }
 
-void EventLoopQueue::dropWaiting()
+void EventLoopQueue::runOut()
 {
-    m_turn->dropWaiting();
+    m_turn->runOut();
 }
 
 MainQueue::MainQueue() : EventLoopQueue(*QThread::currentThread()) { }
@@ -157,6 +193,9 @@ MainQueue::MainQueue() : EventLoopQueue(*QThread::currentThread()) { }
 /// A thread with an event loop whose end is handed over under a mutex of our own, as everything else is.
 class ThreadQueue::LoopThread final : public QThread {
 public:
+    /// Set before the thread starts: what it does last.
+    std::function<void()> atEnd;
+
     void end()
     {
         quit();
@@ -170,6 +209,7 @@ protected:
     void run() override
     {
         exec();
+        atEnd();
         const std::lock_guard lock(m_mutex);
         m_hasEnded = true;
         m_ended.notify_one();
@@ -181,57 +221,14 @@ private:
     bool m_hasEnded = false;
 };
 
-/// The queues whose threads run.
-class ThreadQueue::Living {
-public:
-    static void add(ThreadQueue* queue)
-    {
-        auto& living = instance();
-        const std::lock_guard lock(living.m_mutex);
-        // Qt forgets its post routines once it has called them.
-        if (living.m_queues.empty())
-            qAddPostRoutine(&Living::endAll);
-        living.m_queues.insert(queue);
-    }
-
-    /// False for a queue that has been taken before.
-    static bool take(ThreadQueue* queue)
-    {
-        auto& living = instance();
-        const std::lock_guard lock(living.m_mutex);
-        return living.m_queues.erase(queue) > 0;
-    }
-
-private:
-    static Living& instance()
-    {
-        static Living living;
-        return living;
-    }
-
-    static void endAll()
-    {
-        auto& living = instance();
-        const auto queues = [&living] {
-            const std::lock_guard lock(living.m_mutex);
-            return living.m_queues;
-        }();
-        for (auto* const queue : queues)
-            queue->end();
-    }
-
-    std::mutex m_mutex;
-    std::set<ThreadQueue*> m_queues;
-};
-
 ThreadQueue::ThreadQueue(const QString& label) : ThreadQueue(std::make_unique<LoopThread>(), label) { }
 
 ThreadQueue::ThreadQueue(std::unique_ptr<LoopThread> thread, const QString& label)
     : EventLoopQueue(*thread), m_thread(std::move(thread))
 {
     m_thread->setObjectName(label);
+    m_thread->atEnd = [this] { runOut(); };
     m_thread->start();
-    Living::add(this);
 }
 
 ThreadQueue::~ThreadQueue()
@@ -241,9 +238,7 @@ ThreadQueue::~ThreadQueue()
 
 void ThreadQueue::end()
 {
-    if (!Living::take(this))
-        return;
-    sync([this] { dropWaiting(); });
+    Q_ASSERT(!isCurrent());
     m_thread->end();
 }
 

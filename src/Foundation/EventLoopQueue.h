@@ -13,8 +13,10 @@ namespace corvane {
 /// A queue that runs on a thread's Qt event loop, so that sockets and timers of Qt may live on it too.
 ///
 /// Functions are handed over under a mutex of our own; Qt is only used to wake the thread. Each turn runs
-/// what was queued when it began and then gives the event loop its chance, so a function that queues itself
-/// again and again cannot starve input or sockets.
+/// what was queued when it began and then returns to the event loop, so a function that queues itself again
+/// and again cannot starve input or sockets.
+///
+/// A queue that has ended stays usable: it drops what it is given at once, and runs nothing.
 class EventLoopQueue : public SerialQueue {
 public:
     void async(Function function) override;
@@ -26,10 +28,12 @@ protected:
     /// `thread` must run a Qt event loop for anything to happen. The queue must be destroyed on that thread,
     /// or after that thread has ended.
     explicit EventLoopQueue(QThread& thread);
+    /// Drops what is still queued.
     ~EventLoopQueue() override;
 
-    /// Call on the queue, before its thread ends: from here on nothing waits for its time.
-    void dropWaiting();
+    /// Ends the queue: runs what is queued and what that queues, and drops what waits for its time. Call on
+    /// the queue, outside its turns.
+    void runOut();
 
 private:
     class Turn;
@@ -40,24 +44,24 @@ private:
 class MainQueue final : public EventLoopQueue {
 public:
     MainQueue();
+
+    /// Runs what is queued, and what that queues, and ends. For a program whose event loop is over: nothing
+    /// that a function refers to may be gone yet.
+    void end() { runOut(); }
 };
 
-/// A thread of its own, started at construction. The destructor lets everything already queued run,
-/// then ends the thread; what is still waiting for its time is dropped.
-///
-/// The thread ends with the application object at the latest, for Qt's event loops don't outlive it: a queue
-/// that is kept in a static variable ends while it still can. Nothing may be left by then that waits for the
-/// queue.
+/// A thread of its own, started at construction.
 class ThreadQueue final : public EventLoopQueue {
 public:
     /// `label` names the thread in debuggers and crash reports.
     explicit ThreadQueue(const QString& label);
     ~ThreadQueue() override;
 
-private:
-    class Living;
+    /// Lets everything already queued run, and what that queues, then ends the thread; what is still waiting
+    /// for its time is dropped. The destructor calls it. Not on the queue itself. Safe to repeat.
     void end();
 
+private:
     class LoopThread;
     ThreadQueue(std::unique_ptr<LoopThread> thread, const QString& label);
     std::unique_ptr<LoopThread> m_thread;

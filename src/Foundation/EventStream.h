@@ -16,9 +16,10 @@ namespace corvane {
 
 /// An ordered stream with an unbounded buffer, many producers and one consumer.
 ///
-/// Producing never blocks. What is produced before the consumer starts is kept for it. The consumer hops to
-/// its queue once for all that has piled up, not once an event, and works in slices of a few milliseconds, so
-/// that a burst of a million events neither costs a million hops nor holds the queue's thread.
+/// Producing never blocks; a producer that can pause asks whether it should. What is produced before the
+/// consumer starts is kept for it. The consumer hops to its queue once for all that has piled up, not once an
+/// event, and works in slices of a few milliseconds, so that a burst of a million events neither costs a
+/// million hops nor holds the queue's thread.
 ///
 /// Copies are the same stream. Usable from any thread.
 template <typename Event>
@@ -27,12 +28,15 @@ public:
     /// How long the consumer holds its queue before it lets others have a turn.
     static constexpr Duration slice = std::chrono::milliseconds(3);
 
+    /// From so many waiting events on, a producer should pause.
+    static constexpr std::size_t longBacklog = 200'000;
+
     EventStream() : m_state(std::make_shared<State>()) { }
 
     /// Appends one event; does nothing once the stream is finished.
     void yield(Event event) const
     {
-        append([&](State& state) { lastChunk(state).push_back(std::move(event)); });
+        append(1, [&](State& state) { lastChunk(state).push_back(std::move(event)); });
     }
 
     /// Appends all of `events` in order under one lock, and leaves `events` empty. While the consumer keeps
@@ -42,7 +46,7 @@ public:
     {
         if (events.empty())
             return;
-        append([&](State& state) {
+        append(events.size(), [&](State& state) {
             if (!state.pending.empty() && state.pending.back().size() + events.size() <= chunkSize) {
                 std::ranges::move(events, std::back_inserter(state.pending.back()));
                 return;
@@ -56,8 +60,22 @@ public:
     /// Drops whatever is yielded from here on. What was yielded before still reaches the consumer.
     void finish() const
     {
+        std::function<void()> dropped;
         const std::lock_guard lock(m_state->mutex);
         m_state->finished = true;
+        std::swap(dropped, m_state->onShrunk);
+    }
+
+    /// False unless so many events wait for the consumer that their producer should pause. `resume` is then
+    /// kept, in place of an earlier one, and called once on the consumer's queue when the backlog has halved;
+    /// never if the stream is finished before.
+    bool callWhenShrunk(std::function<void()> resume) const
+    {
+        const std::lock_guard lock(m_state->mutex);
+        if (m_state->finished || m_state->pendingCount < longBacklog)
+            return false;
+        m_state->onShrunk = std::move(resume);
+        return true;
     }
 
     /// Starts the one consumer: `handler` gets each event, in order, on `queue`. Call once in a stream's
@@ -85,6 +103,8 @@ private:
     struct State {
         std::mutex mutex;
         std::deque<Chunk> pending;
+        std::size_t pendingCount = 0;
+        std::function<void()> onShrunk;
         /// An empty chunk with room, if there is one.
         Chunk spare;
         bool finished = false;
@@ -99,12 +119,13 @@ private:
     };
 
     template <typename Append>
-    void append(Append&& add) const
+    void append(std::size_t count, Append&& add) const
     {
         const std::lock_guard lock(m_state->mutex);
         if (m_state->finished)
             return;
         add(*m_state);
+        m_state->pendingCount += count;
         if (m_state->queue)
             scheduleLocked(m_state);
     }
@@ -150,14 +171,23 @@ private:
         if (state.handled < state.batch.size())
             return true;
         drop(state);
+        if (const auto resume = takeNextChunk(state))
+            resume();
+        return !state.batch.empty();
+    }
+
+    /// Returns what is to be called now that the backlog has shrunk, if there is anything.
+    static std::function<void()> takeNextChunk(State& state)
+    {
         const std::lock_guard lock(state.mutex);
         if (state.pending.empty()) {
             state.hopScheduled = false;
-            return false;
+            return {};
         }
         state.spare = std::exchange(state.batch, std::move(state.pending.front()));
         state.pending.pop_front();
-        return true;
+        state.pendingCount -= state.batch.size();
+        return state.pendingCount <= longBacklog / 2 ? std::exchange(state.onShrunk, {}) : nullptr;
     }
 
     static void drop(State& state)

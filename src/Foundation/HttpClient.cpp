@@ -10,6 +10,8 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct DeleteLater {
@@ -20,7 +22,7 @@ struct DeleteLater {
 /// has been cut off at one of the limits.
 class Exchange {
 public:
-    Exchange(SerialQueue& queue, QNetworkReply* reply, NetworkHttpClient::Limits limits)
+    Exchange(SerialQueue& queue, QNetworkReply* reply, HttpClient::Limits limits)
         : m_queue(queue), m_reply(reply), m_limits(limits)
     {
         // One byte beyond the limit shows that there is more; nothing after it is taken off the wire.
@@ -36,7 +38,7 @@ private:
 
     SerialQueue& m_queue;
     std::unique_ptr<QNetworkReply, DeleteLater> m_reply;
-    NetworkHttpClient::Limits m_limits;
+    HttpClient::Limits m_limits;
     WorkItem m_deadline;
     std::optional<QString> m_cutOff;
 };
@@ -55,11 +57,11 @@ void Exchange::await_suspend(std::coroutine_handle<> waiting)
     QObject::connect(reply, &QNetworkReply::finished, reply, wake, Qt::SingleShotConnection);
     QObject::connect(reply, &QNetworkReply::readyRead, reply, [this] {
         if (m_reply->bytesAvailable() > m_limits.bodySize)
-            cutOff(QStringLiteral("The reply is longer than %1 bytes").arg(m_limits.bodySize));
+            cutOff(u"The reply is longer than %1 bytes"_s.arg(m_limits.bodySize));
     });
     m_deadline = m_queue.after(m_limits.time, [this] {
         const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(m_limits.time);
-        cutOff(QStringLiteral("Timed out after %1 seconds").arg(seconds.count()));
+        cutOff(u"Timed out after %1 seconds"_s.arg(seconds.count()));
     });
 }
 
@@ -96,17 +98,25 @@ QNetworkRequest plainRequest(const QUrl& url)
 
 } // namespace
 
-NetworkHttpClient::NetworkHttpClient(SerialQueue& queue, Limits limits) : m_queue(queue), m_limits(limits)
+HttpClient::HttpClient(SerialQueue& queue, Limits limits) : m_queue(queue), m_limits(limits)
 {
     m_manager.setProxy(QNetworkProxy::NoProxy);
 }
 
-QCoro::Task<HttpReply> NetworkHttpClient::get(QUrl url)
+QCoro::Task<HttpReply> HttpClient::get(QUrl url)
 {
     Q_ASSERT(m_queue.isCurrent());
     if (!m_isValid)
-        throw HttpError(QStringLiteral("The connection has been closed"));
+        throw HttpError(u"The connection has been closed"_s);
     co_return co_await Exchange(m_queue, m_manager.get(plainRequest(url)), m_limits);
+}
+
+void HttpClient::abort()
+{
+    invalidate();
+    const auto replies = m_manager.findChildren<QNetworkReply*>();
+    for (auto* const reply : replies)
+        reply->abort();
 }
 
 } // namespace corvane

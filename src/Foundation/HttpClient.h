@@ -25,25 +25,12 @@ public:
     explicit HttpError(const QString& reason) : std::runtime_error(reason.toStdString()) { }
 };
 
-/// Asks HTTP servers, one GET at a time or several at once. Confined to one queue; hold it until its requests
-/// have ended.
+/// Asks HTTP servers, one GET at a time or several at once, directly and without a memory: no proxy, no
+/// cache, no cookie and no credential is kept from one request to the next, and a redirection is an answer
+/// like any other.
+///
+/// Confined to one queue; hold it until its requests have ended.
 class HttpClient {
-public:
-    HttpClient() = default;
-    HttpClient(const HttpClient&) = delete;
-    HttpClient& operator=(const HttpClient&) = delete;
-    virtual ~HttpClient() = default;
-
-    /// Throws `HttpError` when no complete answer came. Any status is an answer.
-    virtual QCoro::Task<HttpReply> get(QUrl url) = 0;
-
-    /// Requests under way finish, later ones fail at once. Safe to repeat.
-    virtual void invalidate() = 0;
-};
-
-/// Over the network, directly and without a memory: no proxy, no cache, no cookie and no credential is kept
-/// from one request to the next, and a redirection is an answer like any other.
-class NetworkHttpClient final : public HttpClient {
 public:
     struct Limits {
         /// From the request to the last byte of its answer, so that a server that drips can't hold us up
@@ -54,10 +41,19 @@ public:
     };
 
     /// `queue` must run on this thread and outlive the client.
-    NetworkHttpClient(SerialQueue& queue, Limits limits);
+    HttpClient(SerialQueue& queue, Limits limits);
+    HttpClient(const HttpClient&) = delete;
+    HttpClient& operator=(const HttpClient&) = delete;
+    ~HttpClient() = default;
 
-    QCoro::Task<HttpReply> get(QUrl url) override;
-    void invalidate() override { m_isValid = false; }
+    /// Throws `HttpError` when no complete answer came. Any status is an answer.
+    QCoro::Task<HttpReply> get(QUrl url);
+
+    /// Requests under way finish, later ones fail at once. Safe to repeat.
+    void invalidate() { m_isValid = false; }
+
+    /// Invalidates, and requests under way fail on the queue's next turn. Safe to repeat.
+    void abort();
 
 private:
     SerialQueue& m_queue;

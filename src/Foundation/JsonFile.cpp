@@ -15,6 +15,8 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -82,7 +84,7 @@ QByteArray readWhole(const QString& path)
 {
     // A named pipe would keep us waiting for ever.
     if (!QFileInfo(path).isFile())
-        throw FileError(QStringLiteral("not a regular file"));
+        throw FileError(u"not a regular file"_s);
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         throw FileError(file.errorString());
@@ -149,6 +151,7 @@ JsonFile::JsonFile(QString path, QString owner, MovedAside wording)
 
 JsonFile::Loaded JsonFile::load(const Decode& decode) const
 {
+    Q_ASSERT(QThread::currentThreadId() == m_thread);
     std::error_code ignored;
     fs::remove(besideForSaving(behindLinks(nativePath(m_path))), ignored);
     if (!QFileInfo::exists(m_path))
@@ -164,12 +167,27 @@ JsonFile::Loaded JsonFile::load(const Decode& decode) const
 
 void JsonFile::save(const Encode& encode) const
 {
+    Q_ASSERT(QThread::currentThreadId() == m_thread);
+    const auto error = errorOfSaving(encode);
+    if (error)
+        text::printLine(u"%1: save failed — %2"_s.arg(m_owner, *error));
+    if (m_onSaved)
+        m_onSaved(fileName(), error);
+}
+
+std::optional<QString> JsonFile::errorOfSaving(const Encode& encode) const
+{
     try {
         replace(behindLinks(nativePath(m_path)), encode);
+        return std::nullopt;
     } catch (const std::exception& error) {
-        text::printLine(
-            QStringLiteral("%1: save failed — %2").arg(m_owner, QString::fromStdString(error.what())));
+        return QString::fromStdString(error.what());
     }
+}
+
+QString JsonFile::fileName() const
+{
+    return QFileInfo(m_path).fileName();
 }
 
 void JsonFile::moveAside(const QString& error) const
@@ -181,10 +199,9 @@ void JsonFile::moveAside(const QString& error) const
     fs::remove(copy, ignored);
     fs::rename(file, copy, ignored);
 
-    const auto name = QFileInfo(m_path).fileName();
-    const auto where = m_wording == MovedAside::namesTheCopy ? QStringLiteral("to ") + qtPath(copy.filename())
-                                                             : QStringLiteral("aside");
-    text::printLine(QStringLiteral("%1: unreadable %2 moved %3 — %4").arg(m_owner, name, where, error));
+    const auto where =
+        m_wording == MovedAside::namesTheCopy ? u"to "_s + qtPath(copy.filename()) : u"aside"_s;
+    text::printLine(u"%1: unreadable %2 moved %3 — %4"_s.arg(m_owner, fileName(), where, error));
 }
 
 } // namespace corvane

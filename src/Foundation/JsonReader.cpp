@@ -9,6 +9,8 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// A piece of `JsonTape::characters`.
@@ -83,7 +85,7 @@ public:
 
     bool parse_error(std::size_t position, const std::string&, const nlohmann::json::exception&)
     {
-        throw JsonError(QStringLiteral("not JSON at byte %1").arg(position));
+        throw JsonError(u"not JSON at byte %1"_s.arg(position));
     }
 
 private:
@@ -127,8 +129,7 @@ private:
     void refuseUnlessInsideRoot() const
     {
         if (!m_insideRoot)
-            throw JsonError(
-                m_root == Root::array ? QStringLiteral("not an array") : QStringLiteral("not an object"));
+            throw JsonError(m_root == Root::array ? u"not an array"_s : u"not an object"_s);
     }
 
     void handOutIfComplete()
@@ -151,7 +152,7 @@ void parse(QByteArrayView text, TapeWriter::Root root, const TapeWriter::Visit& 
 {
     // The parser takes a NUL for the end of the text and would let anything follow it.
     if (text.contains('\0'))
-        throw JsonError(QStringLiteral("a NUL byte at %1").arg(text.indexOf('\0')));
+        throw JsonError(u"a NUL byte at %1"_s.arg(text.indexOf('\0')));
     TapeWriter writer(root, visit);
     nlohmann::json::sax_parse(text.begin(), text.end(), &writer);
 }
@@ -176,7 +177,7 @@ QString JsonValue::string() const
 {
     const auto* const text = std::get_if<Text>(&m_tape->tokens[m_position]);
     if (!text)
-        throw isNot(QStringLiteral("a string"));
+        throw isNot(u"a string"_s);
     return m_tape->text(*text);
 }
 
@@ -188,7 +189,7 @@ qint64 JsonValue::integer() const
     const auto* const number = std::get_if<double>(&token);
     constexpr double beyond = 9223372036854775808.0; // 2 to the power of 63
     if (!number || std::trunc(*number) != *number || *number <= -beyond || *number >= beyond)
-        throw isNot(QStringLiteral("a whole number of 64 bits"));
+        throw isNot(u"a whole number of 64 bits"_s);
     return static_cast<qint64>(*number);
 }
 
@@ -199,7 +200,7 @@ double JsonValue::number() const
         return static_cast<double>(*whole);
     const auto* const number = std::get_if<double>(&token);
     if (!number)
-        throw isNot(QStringLiteral("a number"));
+        throw isNot(u"a number"_s);
     return *number;
 }
 
@@ -207,7 +208,7 @@ QUuid JsonValue::uuid() const
 {
     const auto* const text = std::get_if<Text>(&m_tape->tokens[m_position]);
     if (!text || !isUuidText(m_tape->view(*text)))
-        throw isNot(QStringLiteral("a UUID"));
+        throw isNot(u"a UUID"_s);
     return QUuid::fromString(m_tape->text(*text));
 }
 
@@ -215,7 +216,7 @@ JsonValue JsonValue::member(std::string_view name) const
 {
     const auto found = lastMember(name);
     if (!found)
-        throw JsonError(QStringLiteral("“%1” is missing").arg(QString::fromUtf8(name)));
+        throw JsonError(u"“%1” is missing"_s.arg(QString::fromUtf8(name)));
     return *found;
 }
 
@@ -246,14 +247,14 @@ std::size_t JsonValue::elementCount() const
 std::size_t JsonValue::firstMember() const
 {
     if (!std::holds_alternative<Object>(m_tape->tokens[m_position]))
-        throw isNot(QStringLiteral("an object"));
+        throw isNot(u"an object"_s);
     return m_position + 1;
 }
 
 std::size_t JsonValue::firstElement() const
 {
     if (!std::holds_alternative<Array>(m_tape->tokens[m_position]))
-        throw isNot(QStringLiteral("an array"));
+        throw isNot(u"an array"_s);
     return m_position + 1;
 }
 
@@ -280,9 +281,8 @@ QString JsonValue::key(std::size_t position) const
 JsonError JsonValue::isNot(const QString& what) const
 {
     const auto* const name = m_position > 0 ? std::get_if<Key>(&m_tape->tokens[m_position - 1]) : nullptr;
-    const auto subject =
-        name ? QStringLiteral("“%1”").arg(m_tape->text(*name)) : QStringLiteral("an element");
-    return JsonError(QStringLiteral("%1 is not %2").arg(subject, what));
+    const auto subject = name ? u"“%1”"_s.arg(m_tape->text(*name)) : u"an element"_s;
+    return JsonError(u"%1 is not %2"_s.arg(subject, what));
 }
 
 void readJsonObject(

@@ -1,6 +1,6 @@
 #include "Foundation/QuietTimer.h"
 
-#include <optional>
+#include <algorithm>
 #include <utility>
 
 namespace corvane {
@@ -9,12 +9,15 @@ struct QuietTimer::State {
     SerialQueue& queue;
     const Duration delay;
     const std::function<void()> onQuiet;
+    const std::optional<Duration> limit;
     std::optional<Instant> deadline;
+    std::optional<Instant> latest;
     std::optional<WorkItem> waiting;
 };
 
-QuietTimer::QuietTimer(SerialQueue& queue, Duration delay, std::function<void()> onQuiet)
-    : m_state(std::make_shared<State>(State{queue, delay, std::move(onQuiet), {}, {}}))
+QuietTimer::QuietTimer(
+    SerialQueue& queue, Duration delay, std::function<void()> onQuiet, std::optional<Duration> limit)
+    : m_state(std::make_shared<State>(State{queue, delay, std::move(onQuiet), limit, {}, {}, {}}))
 {
 }
 
@@ -25,7 +28,10 @@ QuietTimer::~QuietTimer()
 
 void QuietTimer::restart()
 {
-    m_state->deadline = m_state->queue.now() + m_state->delay;
+    const auto now = m_state->queue.now();
+    if (!m_state->latest)
+        m_state->latest = m_state->limit ? now + *m_state->limit : Instant::max();
+    m_state->deadline = std::min(now + m_state->delay, *m_state->latest);
     if (!m_state->waiting)
         schedule(m_state, m_state->delay);
 }
@@ -33,6 +39,7 @@ void QuietTimer::restart()
 void QuietTimer::cancel()
 {
     m_state->deadline.reset();
+    m_state->latest.reset();
     if (const auto waiting = std::exchange(m_state->waiting, std::nullopt))
         WorkItem(*waiting).cancel();
 }
@@ -51,6 +58,7 @@ void QuietTimer::schedule(const std::shared_ptr<State>& state, Duration delay)
             return;
         }
         self->deadline.reset();
+        self->latest.reset();
         self->onQuiet();
     });
 }

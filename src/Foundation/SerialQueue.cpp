@@ -48,13 +48,16 @@ void SerialQueue::sync(const Function& function)
     std::mutex mutex;
     std::condition_variable done;
     bool finished = false;
-    async([&] {
-        function();
-        // Notified under the lock: the waiter owns the condition variable and may destroy it once it sees
-        // `finished`.
+    // Let go by the function that holds it, whether it was run or dropped. Notified under the lock: the
+    // waiter owns the condition variable and may destroy it once it sees `finished`.
+    auto end = std::shared_ptr<void>(nullptr, [&](void*) {
         const std::lock_guard lock(mutex);
         finished = true;
         done.notify_one();
+    });
+    async([&function, end = std::move(end)]() mutable {
+        function();
+        end.reset();
     });
     std::unique_lock lock(mutex);
     done.wait(lock, [&] { return finished; });

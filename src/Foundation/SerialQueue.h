@@ -11,7 +11,7 @@ using Duration = std::chrono::nanoseconds;
 /// Monotonic time; only differences mean anything.
 using Instant = std::chrono::time_point<std::chrono::steady_clock, Duration>;
 
-/// A function that a queue will run later, and the handle to call it off.
+/// A function that a queue will run later, and the handle to cancel it.
 ///
 /// Copies share the one function. Usable from any thread. Dropping the handle does not cancel.
 class WorkItem {
@@ -33,7 +33,7 @@ private:
     std::shared_ptr<State> m_state;
 };
 
-/// Runs functions one at a time, in order: the one answer to "where and when does this run".
+/// Runs functions one at a time, in order.
 ///
 /// There are three kinds: the main thread, a thread of its own (both `EventLoopQueue`), and in tests a queue
 /// whose time stands still until the test moves it. All waiting in the program goes through a queue.
@@ -59,8 +59,9 @@ public:
     /// Whether the caller runs on this queue.
     virtual bool isCurrent() const = 0;
 
-    /// Runs `function` on the queue and returns when it has run; at once when already on the queue.
-    /// Never call this from a queue that the target may itself be waiting for.
+    /// Runs `function` on the queue and returns when it has run; at once when already on the queue. A queue
+    /// that has ended runs nothing: it returns all the same.
+    /// Never call this from a queue that the target may itself be waiting for: neither would go on.
     void sync(const Function& function);
 };
 

@@ -16,9 +16,8 @@ namespace corvane {
 /// escapes it is a fault of the program, reported on standard error instead of being lost.
 void startTask(SerialQueue& queue, std::function<QCoro::Task<>()> body);
 
-/// Awaitable: resumes on `queue` once `delay` has passed, or as soon as `stop` is requested. Never throws: a
-/// wait that is cut short goes on like any other, and the caller asks the token if it wants to know. Await it
-/// on `queue`.
+/// Awaitable: resumes on `queue` once `delay` has passed, or as soon as `stop` is requested. Never throws: an
+/// interrupted wait resumes like any other, and the caller may check the token. Await it on `queue`.
 class SleepAwaiter {
 public:
     SleepAwaiter(SerialQueue& queue, Duration delay, std::stop_token stop);

@@ -1,13 +1,18 @@
 #include "Foundation/TcpConnection.h"
 
+#include "Foundation/PeerWatch.h"
+
 #include <QNetworkProxy>
 #include <QPointer>
 #include <QTcpSocket>
 
+#include <cerrno>
 #include <mutex>
 #include <utility>
 
 namespace corvane {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -74,14 +79,20 @@ public:
         deliver();
     }
 
+    void setReading(bool isReading)
+    {
+        m_isReading = isReading;
+        deliver();
+    }
+
     void send(const QByteArray& bytes, const SendCompletion& completion)
     {
         if (!std::holds_alternative<Ready>(state()) || !m_socket) {
-            completion(QStringLiteral("The connection is not open"));
+            completion(u"The connection is not open"_s);
             return;
         }
         if (m_socket->bytesToWrite() > mostUnsent) {
-            completion(QStringLiteral("The other side does not read what it is sent"));
+            completion(u"The other side does not read what it is sent"_s);
             return;
         }
         if (m_socket->write(bytes) != bytes.size()) {
@@ -157,14 +168,15 @@ private:
     {
         // A take is a handful of bytes that must leave at once, not wait for company.
         m_socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
+        m_watch.emplace(m_socket->socketDescriptor());
         enter(Ready{});
         deliver();
     }
 
     void failed(QAbstractSocket::SocketError error)
     {
-        const auto message = m_socket->errorString();
         if (!std::holds_alternative<Ready>(state())) {
+            const auto message = m_socket->errorString();
             if (canNeverWork(error)) {
                 closeSocket();
                 enter(Failed{message});
@@ -175,8 +187,13 @@ private:
         }
         if (m_end)
             return;
-        m_end = Delivery{{}, error == QAbstractSocket::RemoteHostClosedError,
-            error == QAbstractSocket::RemoteHostClosedError ? std::nullopt : std::optional(message)};
+        // The socket takes a reset for an orderly close.
+        const bool isClosed = error == QAbstractSocket::RemoteHostClosedError;
+        const bool wasReset = isClosed && m_watch->wasReset();
+        m_watch.reset();
+        auto message = wasReset ? qt_error_string(ECONNRESET) : m_socket->errorString();
+        m_end = isClosed && !wasReset ? Delivery{{}, true, std::nullopt}
+                                      : Delivery{{}, false, std::move(message)};
         deliver();
     }
 
@@ -193,7 +210,7 @@ private:
     /// Serves a pending `receive` from what the socket has, and tells of the end only once all bytes are out.
     void deliver()
     {
-        if (!m_receiver || !m_socket || !std::holds_alternative<Ready>(state()))
+        if (!m_receiver || !m_isReading || !m_socket || !std::holds_alternative<Ready>(state()))
             return;
         Delivery delivery;
         if (m_socket->bytesAvailable() > 0)
@@ -212,6 +229,7 @@ private:
     {
         if (!m_socket)
             return;
+        m_watch.reset();
         m_socket->disconnect();
         m_socket->abort();
         // We may be inside one of its signals.
@@ -224,7 +242,9 @@ private:
     StateHandler m_stateHandler;
     ReceiveHandler m_receiver;
     qsizetype m_maximumLength = 0;
+    bool m_isReading = true;
     std::unique_ptr<QTcpSocket> m_socket;
+    std::optional<PeerWatch> m_watch;
     std::optional<Delivery> m_end;
     std::shared_ptr<void> m_resolution;
     WorkItem m_retry;
@@ -261,6 +281,17 @@ void TcpConnection::start()
 void TcpConnection::receive(qsizetype maximumLength, ReceiveHandler handler)
 {
     m_link->receive(maximumLength, std::move(handler));
+}
+
+void TcpConnection::pauseReading()
+{
+    Q_ASSERT(m_queue.isCurrent());
+    m_link->setReading(false);
+}
+
+void TcpConnection::resumeReading()
+{
+    m_queue.async([link = m_link] { link->setReading(true); });
 }
 
 void TcpConnection::send(QByteArray bytes, SendCompletion completion)

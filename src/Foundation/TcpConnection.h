@@ -35,14 +35,15 @@ using ServiceResolution = std::variant<HostEndpoint, QString>;
 using ServiceResolver =
     std::function<std::shared_ptr<void>(const ServiceEndpoint&, std::function<void(ServiceResolution)>)>;
 
-/// One outgoing TCP connection that bides its time.
+/// An outgoing TCP connection that retries once a second until it connects or is cancelled.
 ///
-/// A peer that refuses or can't be reached is not a failure: the connection is `waiting`, and tries again
-/// about once a second until it works or somebody cancels. Only what can never work is `failed`. Once `ready`
-/// it never reconnects; an end of the stream or an error is told to the pending `receive`.
+/// A peer that refuses or can't be reached is not a failure: the connection is `waiting` meanwhile. Only what
+/// can never work is `failed`. Once `ready` it never reconnects; an end of the stream or an error is given to
+/// the pending `receive`. A reset by the peer is an error, and so is a peer that vanishes: that is noticed
+/// within 15 seconds.
 ///
-/// `start`, `send`, `cancel` and `state` may be called from any thread; callbacks run on the queue. Made
-/// through `make`, for the callbacks hold it weakly.
+/// `start`, `resumeReading`, `send`, `cancel` and `state` may be called from any thread; callbacks run on the
+/// queue. Made through `make`, for the callbacks hold it weakly.
 class TcpConnection : public std::enable_shared_from_this<TcpConnection> {
 public:
     struct Setup {
@@ -89,6 +90,11 @@ public:
     /// asking is what lets more in, so a slow reader slows the peer down instead of filling our memory. Call
     /// before `start` or on the queue, and not while another one is pending.
     void receive(qsizetype maximumLength, ReceiveHandler handler);
+
+    /// For a reader that can't keep up: nothing is delivered until `resumeReading`, not even the end, and
+    /// the peer is slowed down. On the queue.
+    void pauseReading();
+    void resumeReading();
 
     /// Hands bytes to the system, in the order of the calls. The completion runs on the queue; its error says
     /// that they could not be handed over, which is also so while a peer has left megabytes unread. No error

@@ -6,6 +6,8 @@
 
 namespace corvane::text {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 char lowerAscii(char letter)
@@ -26,6 +28,18 @@ std::optional<qint64> plainNumber(std::string_view text)
         value = value * 10 + digit;
     }
     return value;
+}
+
+bool turnsDirection(QChar character)
+{
+    const auto code = character.unicode();
+    return (code >= u'\u202A' && code <= u'\u202E') || (code >= u'\u2066' && code <= u'\u2069');
+}
+
+bool hasShape(QChar character)
+{
+    return character.category() != QChar::Other_Control && character != QChar::LineSeparator
+        && character != QChar::ParagraphSeparator;
 }
 
 } // namespace
@@ -52,6 +66,12 @@ QString trimWhiteSpace(const QString& text)
     return text.trimmed();
 }
 
+std::string_view withoutLeading(std::string_view text, char separator)
+{
+    text.remove_prefix(std::min(text.find_first_not_of(separator), text.size()));
+    return text;
+}
+
 std::optional<qint64> decimalInteger(std::string_view text)
 {
     if (const auto number = plainNumber(text))
@@ -70,7 +90,22 @@ std::optional<qint64> decimalInteger(std::string_view text)
 
 QString fromDevice(std::string_view bytes)
 {
-    return QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size()));
+    constexpr std::size_t mostBytesOfACharacter = 4;
+    bytes = bytes.substr(0, longestName * mostBytesOfACharacter);
+    auto text = QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size()));
+    if (text.size() > longestName)
+        text.truncate(longestName - (text.at(longestName - 1).isHighSurrogate() ? 1 : 0));
+    return text;
+}
+
+QString onOneLine(QString text)
+{
+    const auto breaksLine = [](QChar sign) {
+        return sign.category() == QChar::Other_Control || sign == QChar::LineSeparator
+            || sign == QChar::ParagraphSeparator;
+    };
+    std::replace_if(text.begin(), text.end(), breaksLine, u' ');
+    return text;
 }
 
 bool equalsIgnoringAsciiCase(std::string_view left, std::string_view right)
@@ -80,7 +115,25 @@ bool equalsIgnoringAsciiCase(std::string_view left, std::string_view right)
 
 QString counted(qint64 count, const QString& noun)
 {
-    return count == 1 ? QStringLiteral("1 %1").arg(noun) : QStringLiteral("%1 %2s").arg(count).arg(noun);
+    return count == 1 ? u"1 %1"_s.arg(noun) : u"%1 %2s"_s.arg(count).arg(noun);
+}
+
+QString oneLine(const QString& name)
+{
+    // More than any screen has room for.
+    constexpr qsizetype longest = 200;
+    QString line;
+    for (const QChar character : name) {
+        if (turnsDirection(character))
+            continue;
+        if (line.size() == longest) {
+            if (line.back().isHighSurrogate())
+                line.chop(1);
+            return line + u'…';
+        }
+        line.append(hasShape(character) ? character : u' ');
+    }
+    return line;
 }
 
 void printLine(const QString& line)

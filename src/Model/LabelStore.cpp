@@ -1,20 +1,22 @@
 #include "Model/LabelStore.h"
 
 #include "Foundation/JsonReader.h"
-#include "Foundation/Text.h"
+#include "Model/Naming.h"
 
 namespace corvane {
 
 namespace {
 
+using namespace Qt::StringLiterals;
 using Names = QHash<QString, QString>;
 
 Names namesFromJson(const JsonValue& json)
 {
-    Names names;
-    json.forEachMember(
-        [&](const QString& index, const JsonValue& label) { names.insert(index, label.string()); });
-    return names;
+    Names result;
+    json.forEachMember([&](const QString& index, const JsonValue& label) {
+        result.insert(index, naming::kept(label.string()));
+    });
+    return result;
 }
 
 void writeJson(JsonWriter& writer, const Names& names)
@@ -47,42 +49,51 @@ QHash<QString, PortLabels> decode(const QByteArray& bytes)
     return byConnection;
 }
 
-void lay(const QHash<qint64, QString>& labels, Names& names)
+void mergeInto(const QHash<qint64, QString>& labels, Names& names)
 {
     for (auto label = labels.cbegin(); label != labels.cend(); ++label) {
-        if (const auto trimmed = text::trimWhiteSpace(label.value()); !trimmed.isEmpty())
-            names.insert(QString::number(label.key()), trimmed);
+        if (const auto entered = naming::entered(label.value()); !entered.isEmpty())
+            names.insert(QString::number(label.key()), entered);
     }
+}
+
+void apply(const LabelChange& change, PortLabels& labels)
+{
+    auto& names = change.port.kind == PortKind::source ? labels.sources : labels.destinations;
+    const auto key = QString::number(change.port.index);
+    if (const auto entered = naming::entered(change.label); entered.isEmpty())
+        names.remove(key);
+    else
+        names.insert(key, entered);
 }
 
 } // namespace
 
 LabelStore::LabelStore(const QString& folder)
-    : m_file(folder + QStringLiteral("/labels.json"), QStringLiteral("LabelStore"),
-        JsonFile::MovedAside::namesTheCopy)
+    : JsonStore(folder + u"/labels.json"_s, u"LabelStore"_s, JsonFile::MovedAside::namesTheCopy)
 {
-    m_file.load([this](const QByteArray& bytes) { m_byConnection = decode(bytes); });
-    prepareTexts();
+    load([this](const QByteArray& bytes) { m_byConnection = decode(bytes); });
 }
 
 void LabelStore::set(
     const std::optional<QString>& label, PortKind kind, qint64 index, const QUuid& connectionID)
 {
+    setAll({{{kind, index}, label.value_or(QString())}}, connectionID);
+}
+
+void LabelStore::setAll(const QList<LabelChange>& changes, const QUuid& connectionID)
+{
     auto labels = m_byConnection.value(idText(connectionID));
-    auto& names = kind == PortKind::source ? labels.sources : labels.destinations;
-    const auto trimmed = text::trimWhiteSpace(label.value_or(QString()));
-    if (trimmed.isEmpty())
-        names.remove(QString::number(index));
-    else
-        names.insert(QString::number(index), trimmed);
+    for (const auto& change : changes)
+        apply(change, labels);
     commit(labels, connectionID);
 }
 
 void LabelStore::merge(const ParsedLabels& batch, const QUuid& connectionID)
 {
     auto labels = m_byConnection.value(idText(connectionID));
-    lay(batch.sources, labels.sources);
-    lay(batch.destinations, labels.destinations);
+    mergeInto(batch.sources, labels.sources);
+    mergeInto(batch.destinations, labels.destinations);
     commit(labels, connectionID);
 }
 
@@ -98,27 +109,13 @@ void LabelStore::commit(const PortLabels& labels, const QUuid& connectionID)
         m_byConnection.remove(key);
     else
         m_byConnection.insert(key, labels);
-    m_texts.forget(key);
-    save();
-}
-
-void LabelStore::save()
-{
-    m_file.save([this](JsonWriter& writer) { write(writer); });
-}
-
-void LabelStore::prepareTexts()
-{
-    JsonWriter nowhere([](QByteArrayView) {});
-    write(nowhere);
+    saveRouter(key);
 }
 
 void LabelStore::write(JsonWriter& writer)
 {
-    writer.beginObject();
-    for (auto entry = m_byConnection.cbegin(); entry != m_byConnection.cend(); ++entry)
-        m_texts.write(writer, entry.key(), [&](JsonWriter& member) { writeJson(member, entry.value()); });
-    writer.endObject();
+    writeRouters(writer, m_byConnection,
+        [](JsonWriter& member, const PortLabels& labels) { writeJson(member, labels); });
 }
 
 } // namespace corvane

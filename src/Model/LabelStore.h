@@ -1,7 +1,6 @@
 #pragma once
 
-#include "Foundation/JsonFile.h"
-#include "Foundation/JsonMemberCache.h"
+#include "Model/JsonStore.h"
 #include "Model/ParsedLabels.h"
 #include "Model/RouterModels.h"
 
@@ -15,11 +14,15 @@ struct PortLabels {
     [[nodiscard]] bool isEmpty() const { return sources.isEmpty() && destinations.isEmpty(); }
 };
 
+/// One label to set; blank clears the port's label.
+struct LabelChange {
+    PortRef port;
+    QString label;
+    bool operator==(const LabelChange&) const = default;
+};
+
 /// The operator's own names for ports, which override the device's. Kept in "labels.json".
-///
-/// Every change is on the disk when the call returns; one that can't be written stays in memory, and a line
-/// on standard output tells of it. Main thread only.
-class LabelStore {
+class LabelStore final : public JsonStore {
 public:
     /// Loads what `folder` holds, which need not exist yet.
     explicit LabelStore(const QString& folder);
@@ -27,8 +30,12 @@ public:
     /// By `idText` of the router. A router without labels has no entry.
     [[nodiscard]] const QHash<QString, PortLabels>& byConnection() const { return m_byConnection; }
 
-    /// A label is trimmed; what is then empty, or absent, clears it. Saves in every case.
+    /// Stores the label as `naming::entered` gives it; what is then empty, or absent, clears it. Saves in
+    /// every case.
     void set(const std::optional<QString>& label, PortKind kind, qint64 index, const QUuid& connectionID);
+
+    /// `set` for each, and one save.
+    void setAll(const QList<LabelChange>& changes, const QUuid& connectionID);
 
     /// Adds and overwrites, and never clears: blank labels are passed over. Saves once.
     void merge(const ParsedLabels& batch, const QUuid& connectionID);
@@ -39,14 +46,9 @@ public:
 private:
     /// An empty record is no record.
     void commit(const PortLabels& labels, const QUuid& connectionID);
-    void save();
-    void write(JsonWriter& writer);
-    /// So that the first change after the start costs no more than any other.
-    void prepareTexts();
+    void write(JsonWriter& writer) override;
 
-    JsonFile m_file;
     QHash<QString, PortLabels> m_byConnection;
-    JsonMemberCache m_texts;
 };
 
 } // namespace corvane

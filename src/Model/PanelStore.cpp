@@ -8,6 +8,8 @@ namespace corvane {
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 void normalise(QList<qint64>& indices)
 {
     std::ranges::sort(indices);
@@ -54,11 +56,9 @@ void writeJson(JsonWriter& writer, const QHash<QString, QUuid>& active)
 } // namespace
 
 PanelStore::PanelStore(const QString& folder)
-    : m_file(folder + QStringLiteral("/panels.json"), QStringLiteral("PanelStore"),
-        JsonFile::MovedAside::staysShort)
+    : JsonStore(folder + u"/panels.json"_s, u"PanelStore"_s, JsonFile::MovedAside::staysShort)
 {
-    m_file.load([this](const QByteArray& bytes) { m_content = decode(bytes); });
-    prepareTexts();
+    load([this](const QByteArray& bytes) { m_content = decode(bytes); });
 }
 
 QList<SubPanel> PanelStore::panels(const QUuid& connectionID) const
@@ -80,7 +80,7 @@ void PanelStore::upsert(const SubPanel& panel, const QUuid& connectionID)
         panels.append(panel);
     else
         *same = panel;
-    panelsChanged(key);
+    saveRouter(key);
 }
 
 void PanelStore::remove(const QUuid& panelID, const QUuid& connectionID)
@@ -93,7 +93,7 @@ void PanelStore::remove(const QUuid& panelID, const QUuid& connectionID)
     }
     if (activePanelID(connectionID) == panelID)
         m_content.active.remove(key);
-    panelsChanged(key);
+    saveRouter(key);
 }
 
 void PanelStore::reorder(const QUuid& connectionID, const std::function<void(QList<SubPanel>&)>& rearrange)
@@ -101,7 +101,7 @@ void PanelStore::reorder(const QUuid& connectionID, const std::function<void(QLi
     const auto key = idText(connectionID);
     if (const auto panels = m_content.panels.find(key); panels != m_content.panels.end())
         rearrange(*panels);
-    panelsChanged(key);
+    saveRouter(key);
 }
 
 std::optional<QUuid> PanelStore::activePanelID(const QUuid& connectionID) const
@@ -124,7 +124,7 @@ void PanelStore::removeConnection(const QUuid& connectionID)
     const auto key = idText(connectionID);
     m_content.panels.remove(key);
     m_content.active.remove(key);
-    panelsChanged(key);
+    saveRouter(key);
 }
 
 PanelStore::Content PanelStore::decode(const QByteArray& bytes)
@@ -138,35 +138,16 @@ PanelStore::Content PanelStore::decode(const QByteArray& bytes)
             active = activeFromJson(json);
     });
     if (!panels || !active)
-        throw JsonError(QStringLiteral("“%1” is missing").arg(panels ? u"active" : u"panels"));
+        throw JsonError(u"“%1” is missing"_s.arg(panels ? u"active" : u"panels"));
     return {*panels, *active};
-}
-
-void PanelStore::panelsChanged(const QString& key)
-{
-    m_texts.forget(key);
-    save();
-}
-
-void PanelStore::save()
-{
-    m_file.save([this](JsonWriter& writer) { write(writer); });
-}
-
-void PanelStore::prepareTexts()
-{
-    JsonWriter nowhere([](QByteArrayView) {});
-    write(nowhere);
 }
 
 void PanelStore::write(JsonWriter& writer)
 {
     writer.beginObject();
     writer.key("panels");
-    writer.beginObject();
-    for (auto entry = m_content.panels.cbegin(); entry != m_content.panels.cend(); ++entry)
-        m_texts.write(writer, entry.key(), [&](JsonWriter& member) { writeJson(member, entry.value()); });
-    writer.endObject();
+    writeRouters(writer, m_content.panels,
+        [](JsonWriter& member, const QList<SubPanel>& panels) { writeJson(member, panels); });
     writer.key("active");
     writeJson(writer, m_content.active);
     writer.endObject();

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "Foundation/JsonFile.h"
-#include "Foundation/JsonMemberCache.h"
+#include "Model/JsonStore.h"
 #include "Model/RouterModels.h"
 
 #include <functional>
@@ -9,10 +8,7 @@
 namespace corvane {
 
 /// The panels of every router in the operator's order, and which of them is active. Kept in "panels.json".
-///
-/// Every change is on the disk when the call returns; one that can't be written stays in memory, and a line
-/// on standard output tells of it. Main thread only.
-class PanelStore {
+class PanelStore final : public JsonStore {
 public:
     /// Loads what `folder` holds, which need not exist yet.
     explicit PanelStore(const QString& folder);
@@ -44,15 +40,9 @@ private:
     };
 
     static Content decode(const QByteArray& bytes);
-    void panelsChanged(const QString& key);
-    void save();
-    void write(JsonWriter& writer);
-    /// So that the first change after the start costs no more than any other.
-    void prepareTexts();
+    void write(JsonWriter& writer) override;
 
-    JsonFile m_file;
     Content m_content;
-    JsonMemberCache m_texts;
 };
 
 } // namespace corvane

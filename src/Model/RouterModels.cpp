@@ -8,6 +8,8 @@ namespace corvane {
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 struct VendorEntry {
     const char* rawValue;
     const char* displayName;
@@ -33,7 +35,7 @@ const VendorEntry& entry(RouterVendor vendor)
 
 QString portID(PortKind kind, qint64 index)
 {
-    return QStringLiteral("%1-%2").arg(rawValue(kind)).arg(index);
+    return u"%1-%2"_s.arg(rawValue(kind)).arg(index);
 }
 
 RouterConnection sample(const QString& name, RouterVendor vendor, const QString& host)
@@ -78,10 +80,10 @@ qint64 defaultPort(RouterVendor vendor)
 QString RouterConnection::endpointDescription() const
 {
     if (vendor == RouterVendor::simulator)
-        return QStringLiteral("In-memory demo router");
+        return u"In-memory demo router"_s;
     if (host.isEmpty() && bonjourName)
-        return *bonjourName + QStringLiteral(" · Bonjour");
-    return QStringLiteral("%1:%2").arg(host, QString::number(port));
+        return *bonjourName + u" · Bonjour"_s;
+    return u"%1:%2"_s.arg(host, QString::number(port));
 }
 
 QString idText(const QUuid& id)
@@ -92,16 +94,15 @@ QString idText(const QUuid& id)
 QList<RouterConnection> sampleRouters()
 {
     return {
-        sample(QStringLiteral("Demo Router"), RouterVendor::simulator, QString()),
-        sample(QStringLiteral("Studio Videohub"), RouterVendor::blackmagicVideohub,
-            QStringLiteral("192.168.1.50")),
-        sample(QStringLiteral("Ultrix Main"), RouterVendor::rossUltrix, QStringLiteral("192.168.1.60")),
+        sample(u"Demo Router"_s, RouterVendor::simulator, QString()),
+        sample(u"Studio Videohub"_s, RouterVendor::blackmagicVideohub, u"192.168.1.50"_s),
+        sample(u"Ultrix Main"_s, RouterVendor::rossUltrix, u"192.168.1.60"_s),
     };
 }
 
 QString rawValue(PortKind kind)
 {
-    return kind == PortKind::source ? QStringLiteral("source") : QStringLiteral("destination");
+    return kind == PortKind::source ? u"source"_s : u"destination"_s;
 }
 
 QString Port::id() const

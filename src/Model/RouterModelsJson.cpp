@@ -1,5 +1,7 @@
 #include "Model/RouterModelsJson.h"
 
+#include "Model/Naming.h"
+
 namespace corvane {
 
 namespace {
@@ -114,7 +116,7 @@ RouterConnection routerConnectionFromJson(const JsonValue& json)
 {
     RouterConnection connection;
     connection.id = optionalUuid(json, "id").value_or(connection.id);
-    connection.name = optionalString(json, "name").value_or(connection.name);
+    connection.name = naming::kept(optionalString(json, "name").value_or(connection.name));
     connection.vendor = vendorFromJson(json);
     connection.host = optionalString(json, "host").value_or(connection.host);
     connection.port = integerOr(defaultPort(connection.vendor), json, "port");
@@ -139,8 +141,8 @@ void writeJson(JsonWriter& writer, const SubPanel& panel)
 
 SubPanel subPanelFromJson(const JsonValue& json)
 {
-    return {json.member("id").uuid(), json.member("name").string(), integers(json.member("sourceIndices")),
-        integers(json.member("destinationIndices"))};
+    return {json.member("id").uuid(), naming::kept(json.member("name").string()),
+        integers(json.member("sourceIndices")), integers(json.member("destinationIndices"))};
 }
 
 void writeJson(JsonWriter& writer, const Salvo& salvo)
@@ -164,7 +166,7 @@ Salvo salvoFromJson(const JsonValue& json)
 {
     Salvo salvo;
     salvo.id = json.member("id").uuid();
-    salvo.name = json.member("name").string();
+    salvo.name = naming::kept(json.member("name").string());
     const auto routes = json.member("routes");
     salvo.routes.reserve(static_cast<qsizetype>(routes.elementCount()));
     routes.forEachElement([&](const JsonValue& route) { salvo.routes.append(routeFromJson(route)); });

@@ -8,6 +8,8 @@ namespace corvane {
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 QHash<QString, QList<Salvo>> decode(const QByteArray& bytes)
 {
     QHash<QString, QList<Salvo>> byConnection;
@@ -19,7 +21,7 @@ QHash<QString, QList<Salvo>> decode(const QByteArray& bytes)
     return byConnection;
 }
 
-void lay(const Salvo& salvo, QList<Salvo>& salvos)
+void addOrReplace(const Salvo& salvo, QList<Salvo>& salvos)
 {
     const auto namesake = std::ranges::find_if(salvos,
         [&](const Salvo& other) { return other.name == salvo.name && other.panelID == salvo.panelID; });
@@ -34,10 +36,9 @@ void lay(const Salvo& salvo, QList<Salvo>& salvos)
 } // namespace
 
 SalvoStore::SalvoStore(const QString& folder)
-    : m_file(folder + QStringLiteral("/salvos.json"), QStringLiteral("SalvoStore"),
-        JsonFile::MovedAside::staysShort)
+    : JsonStore(folder + u"/salvos.json"_s, u"SalvoStore"_s, JsonFile::MovedAside::staysShort)
 {
-    m_file.load([this](const QByteArray& bytes) { m_byConnection = decode(bytes); });
+    load([this](const QByteArray& bytes) { m_byConnection = decode(bytes); });
 }
 
 void SalvoStore::add(const Salvo& salvo, const QUuid& connectionID)
@@ -49,10 +50,11 @@ void SalvoStore::addAll(const QList<Salvo>& salvos, const QUuid& connectionID)
 {
     if (salvos.isEmpty())
         return;
-    auto& list = m_byConnection[idText(connectionID)];
+    const auto key = idText(connectionID);
+    auto& list = m_byConnection[key];
     for (const auto& salvo : salvos)
-        lay(salvo, list);
-    save();
+        addOrReplace(salvo, list);
+    saveRouter(key);
 }
 
 void SalvoStore::update(
@@ -81,45 +83,43 @@ void SalvoStore::removeAll(const QUuid& panelID, const QUuid& connectionID)
 
 void SalvoStore::removeConnection(const QUuid& connectionID)
 {
-    m_byConnection.remove(idText(connectionID));
-    save();
+    const auto key = idText(connectionID);
+    m_byConnection.remove(key);
+    saveRouter(key);
 }
 
 void SalvoStore::change(
     const QUuid& salvoID, const QUuid& connectionID, const std::function<void(Salvo&)>& edit)
 {
-    const auto salvos = m_byConnection.find(idText(connectionID));
+    const auto key = idText(connectionID);
+    const auto salvos = m_byConnection.find(key);
     if (salvos == m_byConnection.end())
         return;
     const auto salvo = std::ranges::find(*salvos, salvoID, &Salvo::id);
     if (salvo == salvos->end())
         return;
     edit(*salvo);
-    save();
+    saveRouter(key);
 }
 
 void SalvoStore::removeWhere(const QUuid& connectionID, const std::function<bool(const Salvo&)>& isGone)
 {
-    if (const auto salvos = m_byConnection.find(idText(connectionID)); salvos != m_byConnection.end()) {
+    const auto key = idText(connectionID);
+    if (const auto salvos = m_byConnection.find(key); salvos != m_byConnection.end()) {
         salvos->removeIf(isGone);
         if (salvos->isEmpty())
             m_byConnection.erase(salvos);
     }
-    save();
+    saveRouter(key);
 }
 
-void SalvoStore::save() const
+void SalvoStore::write(JsonWriter& writer)
 {
-    m_file.save([this](JsonWriter& writer) {
-        writer.beginObject();
-        for (auto entry = m_byConnection.cbegin(); entry != m_byConnection.cend(); ++entry) {
-            writer.escapedKey(entry.key());
-            writer.beginArray();
-            for (const auto& salvo : entry.value())
-                writeJson(writer, salvo);
-            writer.endArray();
-        }
-        writer.endObject();
+    writeRouters(writer, m_byConnection, [](JsonWriter& member, const QList<Salvo>& salvos) {
+        member.beginArray();
+        for (const auto& salvo : salvos)
+            writeJson(member, salvo);
+        member.endArray();
     });
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Foundation/JsonFile.h"
+#include "Model/JsonStore.h"
 #include "Model/RouterModels.h"
 
 #include <functional>
@@ -8,10 +8,7 @@
 namespace corvane {
 
 /// The saved routing snapshots of every router in the operator's order. Kept in "salvos.json".
-///
-/// Every change is on the disk when the call returns; one that can't be written stays in memory, and a line
-/// on standard output tells of it. Main thread only.
-class SalvoStore {
+class SalvoStore final : public JsonStore {
 public:
     /// Loads what `folder` holds, which need not exist yet.
     explicit SalvoStore(const QString& folder);
@@ -46,9 +43,8 @@ public:
 private:
     void change(const QUuid& salvoID, const QUuid& connectionID, const std::function<void(Salvo&)>& edit);
     void removeWhere(const QUuid& connectionID, const std::function<bool(const Salvo&)>& isGone);
-    void save() const;
+    void write(JsonWriter& writer) override;
 
-    JsonFile m_file;
     QHash<QString, QList<Salvo>> m_byConnection;
 };
 

@@ -8,7 +8,7 @@ Item {
     required property string symbol
     required property string title
     property string description
-    property color tint: GlassKit.secondary
+    property color tint: GlassKit.colors.secondary
     default property alias content: extras.data
 
     Accessible.role: Accessible.Grouping
@@ -39,7 +39,7 @@ Item {
             visible: text !== ""
             horizontalAlignment: Text.AlignHCenter
             text: root.description
-            color: GlassKit.secondary
+            color: GlassKit.colors.secondary
             wrapMode: Text.Wrap
             maximumLineCount: 4
         }

@@ -28,9 +28,9 @@ T.AbstractButton {
         Rectangle {
             anchors.fill: parent
             radius: parent.radius
-            color: GlassKit.faded(GlassKit.red, 0.15)
+            color: GlassKit.colors.faded(GlassKit.colors.red, 0.15)
             border.width: 1
-            border.color: GlassKit.faded(GlassKit.red, 0.4)
+            border.color: GlassKit.colors.faded(GlassKit.colors.red, 0.4)
         }
         FocusRing {
             shown: root.visualFocus
@@ -53,7 +53,7 @@ T.AbstractButton {
                 width: root.width - 52
                 text: root.message
                 font: GlassKit.calloutFont
-                color: GlassKit.tintText(GlassKit.red)
+                color: GlassKit.colors.tintText(GlassKit.colors.red)
                 Accessible.ignored: true
             }
         }

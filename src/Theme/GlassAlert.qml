@@ -35,11 +35,11 @@ T.Popup {
     implicitHeight: contentItem.implicitHeight + topPadding + bottomPadding
 
     T.Overlay.modal: Rectangle {
-        color: GlassKit.shadow
+        color: GlassKit.colors.shadow
     }
     background: GlassSurface {
         radius: 16
-        color: GlassKit.raised
+        color: GlassKit.colors.raised
 
         SoftShadow {
             radius: 16
@@ -75,7 +75,7 @@ T.Popup {
                 text: root.message
                 wrapMode: Text.Wrap
                 maximumLineCount: 6
-                color: GlassKit.secondary
+                color: GlassKit.colors.secondary
             }
             Item {
                 id: extras
@@ -98,7 +98,7 @@ T.Popup {
                 }
                 ProminentButton {
                     text: root.acceptText
-                    accent: root.destructive ? GlassKit.red : GlassKit.accent
+                    accent: root.destructive ? GlassKit.colors.red : GlassKit.colors.accent
                     onClicked: root.accepted()
                     Keys.onReturnPressed: event => root.act(event, true, root.accepted)
                     Keys.onEnterPressed: event => root.act(event, true, root.accepted)

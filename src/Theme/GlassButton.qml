@@ -10,8 +10,8 @@ T.AbstractButton {
     property string symbol
     property real symbolSize: 16
     property string tip
-    property color tint: GlassKit.text
-    property color fill: GlassKit.quaternary
+    property color tint: GlassKit.colors.text
+    property color fill: GlassKit.colors.quaternary
     property real radius: height / 2
     property bool iconOnly: false
     property bool opensMenu: false
@@ -44,7 +44,7 @@ T.AbstractButton {
             anchors.fill: parent
             radius: root.radius
             visible: root.enabled && (root.hovered || root.down)
-            color: root.down ? GlassKit.separator : GlassKit.faint
+            color: root.down ? GlassKit.colors.separator : GlassKit.colors.faint
         }
         FocusRing {
             shown: root.visualFocus
@@ -87,7 +87,7 @@ T.AbstractButton {
                 anchors.verticalCenter: parent.verticalCenter
                 visible: root.opensMenu && root.showsText
                 name: "chevron.down"
-                color: GlassKit.secondary
+                color: GlassKit.colors.secondary
             }
         }
     }

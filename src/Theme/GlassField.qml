@@ -12,16 +12,16 @@ T.TextField {
     rightPadding: 10
     verticalAlignment: TextInput.AlignVCenter
     font: GlassKit.bodyFont
-    color: GlassKit.text
-    selectionColor: GlassKit.tintFill(GlassKit.accent)
-    selectedTextColor: GlassKit.onTint
+    color: GlassKit.colors.text
+    selectionColor: GlassKit.colors.tintFill(GlassKit.colors.accent)
+    selectedTextColor: GlassKit.colors.onTint
     selectByMouse: true
 
     background: Rectangle {
         radius: GlassKit.controlRadius
-        color: GlassKit.quaternary
+        color: GlassKit.colors.quaternary
         border.width: 1
-        border.color: GlassKit.separator
+        border.color: GlassKit.colors.separator
 
         FocusRing {
             shown: root.activeFocus

@@ -1,6 +1,5 @@
 #include "Theme/GlassKit.h"
 
-#include "Theme/Contrast.h"
 #include "Theme/Symbols.h"
 
 #include <QQmlEngine>
@@ -28,21 +27,6 @@ GlassKit* GlassKit::create(QQmlEngine* engine, QJSEngine*)
 {
     auto* serving = engine->property(engineProperty).value<GlassKit*>();
     return serving ? serving : new GlassKit(engine);
-}
-
-QColor GlassKit::faded(const QColor& color, double opacity) const
-{
-    return withOpacity(color, opacity);
-}
-
-QColor GlassKit::tintText(const QColor& tint) const
-{
-    return corvane::tintText(tint, palette());
-}
-
-QColor GlassKit::tintFill(const QColor& tint) const
-{
-    return corvane::tintFill(tint, palette());
 }
 
 QString GlassKit::symbolText(const QString& name) const

@@ -14,7 +14,7 @@ T.Menu {
 
     background: GlassSurface {
         radius: 9
-        color: GlassKit.raised
+        color: GlassKit.colors.raised
 
         SoftShadow {
             radius: 9

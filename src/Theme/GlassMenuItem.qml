@@ -8,7 +8,7 @@ T.MenuItem {
 
     property string symbol
     property bool destructive: false
-    readonly property color ink: highlighted ? GlassKit.onTint : destructive ? GlassKit.tintText(GlassKit.red) : GlassKit.text
+    readonly property color ink: highlighted ? GlassKit.colors.onTint : destructive ? GlassKit.colors.tintText(GlassKit.colors.red) : GlassKit.colors.text
 
     implicitWidth: 10 + (symbol === "" ? 0 : 24) + label.implicitWidth + 16
     implicitHeight: visible ? 28 : 0
@@ -20,7 +20,7 @@ T.MenuItem {
     background: Rectangle {
         radius: 6
         visible: root.highlighted
-        color: GlassKit.tintFill(root.destructive ? GlassKit.red : GlassKit.accent)
+        color: GlassKit.colors.tintFill(root.destructive ? GlassKit.colors.red : GlassKit.colors.accent)
     }
     contentItem: Item {
         Symbol {

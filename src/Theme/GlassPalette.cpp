@@ -1,15 +1,8 @@
 #include "Theme/GlassPalette.h"
 
+#include "Theme/Contrast.h"
+
 namespace corvane {
-
-namespace {
-
-QColor faded(Qt::GlobalColor color, double opacity)
-{
-    return withOpacity(QColor(color), opacity);
-}
-
-} // namespace
 
 const GlassPalette& GlassPalette::light()
 {
@@ -20,14 +13,14 @@ const GlassPalette& GlassPalette::light()
         .surface = QColor(0xffffff),
         .raised = QColor(0xffffff),
         .selectedSegment = QColor(0xffffff),
-        .separator = faded(Qt::black, 0.11),
-        .faint = faded(Qt::black, 0.07),
+        .separator = withOpacity(Qt::black, 0.11),
+        .faint = withOpacity(Qt::black, 0.07),
         .text = QColor(0x1b1d21),
         .secondary = QColor(0x555b64),
         .onTint = QColor(0xffffff),
-        .quaternary = faded(Qt::black, 0.06),
+        .quaternary = withOpacity(Qt::black, 0.06),
         .selection = withOpacity(QColor(0x0a6fe8), 0.16),
-        .shadow = faded(Qt::black, 0.12),
+        .shadow = withOpacity(Qt::black, 0.12),
         .accent = QColor(0x0a6fe8),
         .blue = QColor(0x0a6fe8),
         .purple = QColor(0x9c47dc),
@@ -51,14 +44,14 @@ const GlassPalette& GlassPalette::dark()
         .surface = QColor(0x26282d),
         .raised = QColor(0x2e3036),
         .selectedSegment = QColor(0x4a4d55),
-        .separator = faded(Qt::white, 0.10),
-        .faint = faded(Qt::white, 0.06),
+        .separator = withOpacity(Qt::white, 0.10),
+        .faint = withOpacity(Qt::white, 0.06),
         .text = QColor(0xf2f3f5),
         .secondary = QColor(0xa6acb4),
         .onTint = QColor(0xffffff),
-        .quaternary = faded(Qt::white, 0.075),
+        .quaternary = withOpacity(Qt::white, 0.075),
         .selection = withOpacity(QColor(0x3b93ff), 0.22),
-        .shadow = faded(Qt::black, 0.5),
+        .shadow = withOpacity(Qt::black, 0.5),
         .accent = QColor(0x3b93ff),
         .blue = QColor(0x3b93ff),
         .purple = QColor(0xb678f5),
@@ -71,6 +64,21 @@ const GlassPalette& GlassPalette::dark()
         .red = QColor(0xff5a52),
     };
     return palette;
+}
+
+QColor GlassPalette::faded(const QColor& color, double opacity) const
+{
+    return withOpacity(color, opacity);
+}
+
+QColor GlassPalette::tintText(const QColor& tint) const
+{
+    return corvane::tintText(tint, *this);
+}
+
+QColor GlassPalette::tintFill(const QColor& tint) const
+{
+    return corvane::tintFill(tint, *this);
 }
 
 QColor withOpacity(QColor color, double opacity)

@@ -1,12 +1,36 @@
 #pragma once
 
 #include <QColor>
+#include <QObject>
+#include <QtQml/qqmlregistration.h>
 
 namespace corvane {
 
 /// Every colour of the program, named by its job. There are two palettes, and the system's light or dark
-/// setting picks one.
+/// setting picks one. Screens read it as `GlassKit.colors`, so that whatever they make of a colour follows a
+/// change of the setting.
 struct GlassPalette {
+    Q_GADGET
+    QML_VALUE_TYPE(glassPalette)
+    Q_PROPERTY(bool isDark MEMBER isDark FINAL)
+    Q_PROPERTY(QColor window MEMBER window FINAL)
+    Q_PROPERTY(QColor sidebar MEMBER sidebar FINAL)
+    Q_PROPERTY(QColor surface MEMBER surface FINAL)
+    Q_PROPERTY(QColor raised MEMBER raised FINAL)
+    Q_PROPERTY(QColor selectedSegment MEMBER selectedSegment FINAL)
+    Q_PROPERTY(QColor separator MEMBER separator FINAL)
+    Q_PROPERTY(QColor faint MEMBER faint FINAL)
+    Q_PROPERTY(QColor text MEMBER text FINAL)
+    Q_PROPERTY(QColor secondary MEMBER secondary FINAL)
+    Q_PROPERTY(QColor onTint MEMBER onTint FINAL)
+    Q_PROPERTY(QColor quaternary MEMBER quaternary FINAL)
+    Q_PROPERTY(QColor selection MEMBER selection FINAL)
+    Q_PROPERTY(QColor shadow MEMBER shadow FINAL)
+    Q_PROPERTY(QColor accent MEMBER accent FINAL)
+    Q_PROPERTY(QColor orange MEMBER orange FINAL)
+    Q_PROPERTY(QColor red MEMBER red FINAL)
+
+public:
     bool isDark = true;
     /// The surfaces, from the back to the front.
     QColor window;
@@ -36,6 +60,13 @@ struct GlassPalette {
     QColor orange;
     QColor green;
     QColor red;
+
+    /// The same colour at another opacity, 0 to 1, of what it had.
+    Q_INVOKABLE [[nodiscard]] QColor faded(const QColor& color, double opacity) const;
+    /// A tint as text that can be read on every surface.
+    Q_INVOKABLE [[nodiscard]] QColor tintText(const QColor& tint) const;
+    /// A tint as a fill on which text in `onTint` can be read.
+    Q_INVOKABLE [[nodiscard]] QColor tintFill(const QColor& tint) const;
 
     static const GlassPalette& light();
     static const GlassPalette& dark();

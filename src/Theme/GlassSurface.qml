@@ -4,8 +4,8 @@ import Corvane.Theme
 // The surface that bars and headers stand on: a capsule unless it is told a radius.
 Rectangle {
     radius: height / 2
-    color: GlassKit.surface
+    color: GlassKit.colors.surface
     border.width: 1
-    border.color: GlassKit.separator
+    border.color: GlassKit.colors.separator
     antialiasing: true
 }

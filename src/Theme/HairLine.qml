@@ -5,6 +5,6 @@ import Corvane.Theme
 Rectangle {
     implicitWidth: 1
     implicitHeight: 1
-    color: GlassKit.separator
+    color: GlassKit.colors.separator
     Accessible.ignored: true
 }

@@ -11,9 +11,9 @@ Rectangle {
     implicitWidth: steppers.implicitWidth + (embedded ? 0 : 32)
     implicitHeight: steppers.implicitHeight + (embedded ? 0 : 18)
     radius: height / 2
-    color: embedded ? "transparent" : GlassKit.surface
+    color: embedded ? "transparent" : GlassKit.colors.surface
     border.width: embedded ? 0 : 1
-    border.color: GlassKit.separator
+    border.color: GlassKit.colors.separator
 
     Row {
         id: steppers
@@ -31,7 +31,7 @@ Rectangle {
         Symbol {
             anchors.verticalCenter: parent.verticalCenter
             name: "square.grid.3x3"
-            color: GlassKit.secondary
+            color: GlassKit.colors.secondary
         }
         GlassButton {
             symbol: "plus"

@@ -37,7 +37,7 @@ T.RadioButton {
                 text: root.text
                 width: Math.min(implicitWidth, 160)
                 font: GlassKit.controlFont
-                color: root.selected || root.hovered ? GlassKit.text : GlassKit.secondary
+                color: root.selected || root.hovered ? GlassKit.colors.text : GlassKit.colors.secondary
                 Accessible.ignored: true
             }
         }

@@ -10,7 +10,7 @@ Item {
     required property double fraction
     // The same in words, for those who can't see it.
     required property string text
-    property color tint: GlassKit.accent
+    property color tint: GlassKit.colors.accent
 
     implicitWidth: 180
     implicitHeight: 3
@@ -19,7 +19,7 @@ Item {
         anchors.fill: parent
         visible: root.isShown
         radius: height / 2
-        color: GlassKit.quaternary
+        color: GlassKit.colors.quaternary
         Accessible.role: Accessible.ProgressBar
         Accessible.name: root.text
 

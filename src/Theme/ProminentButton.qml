@@ -3,10 +3,10 @@ import Corvane.Theme
 
 // The one button of a place that does what the place is for.
 GlassButton {
-    property color accent: GlassKit.accent
+    property color accent: GlassKit.colors.accent
 
-    fill: GlassKit.tintFill(accent)
-    tint: GlassKit.onTint
+    fill: GlassKit.colors.tintFill(accent)
+    tint: GlassKit.colors.onTint
     textLeftPadding: symbol === "" ? 18 : 14
     textRightPadding: 18
 }

@@ -7,18 +7,18 @@ Rectangle {
 
     required property color tint
 
-    color: GlassKit.window
+    color: GlassKit.colors.window
 
     Rectangle {
         anchors.fill: parent
         gradient: Gradient {
             GradientStop {
                 position: 0
-                color: GlassKit.faded(root.tint, 0.16)
+                color: GlassKit.colors.faded(root.tint, 0.16)
             }
             GradientStop {
                 position: 0.5
-                color: GlassKit.faded(root.tint, 0)
+                color: GlassKit.colors.faded(root.tint, 0)
             }
         }
     }

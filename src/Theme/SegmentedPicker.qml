@@ -39,7 +39,7 @@ FocusScope {
     Rectangle {
         anchors.fill: parent
         radius: 8
-        color: GlassKit.quaternary
+        color: GlassKit.colors.quaternary
     }
     Flickable {
         id: scroller
@@ -65,9 +65,9 @@ FocusScope {
             width: root.currentSegment ? root.currentSegment.width : 0
             height: scroller.height
             radius: 6
-            color: GlassKit.selectedSegment
-            border.width: GlassKit.isDark ? 0 : 1
-            border.color: GlassKit.separator
+            color: GlassKit.colors.selectedSegment
+            border.width: GlassKit.colors.isDark ? 0 : 1
+            border.color: GlassKit.colors.separator
 
             Behavior on x {
                 enabled: root.wasUsed

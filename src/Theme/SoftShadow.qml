@@ -23,7 +23,7 @@ Item {
             anchors.topMargin: 4 - spread
             anchors.bottomMargin: -4 - spread
             radius: root.radius + spread
-            color: GlassKit.faded(GlassKit.shadow, 0.15 - 0.02 * index)
+            color: GlassKit.colors.faded(GlassKit.colors.shadow, 0.15 - 0.02 * index)
         }
     }
 }

@@ -25,7 +25,7 @@ Item {
             width: 11 + 4 * index
             height: width
             radius: width / 2
-            color: GlassKit.faded(root.status.color, 0.7 / (3 + 3 * index))
+            color: GlassKit.colors.faded(root.status.color, 0.7 / (3 + 3 * index))
         }
     }
     Loader {
@@ -47,7 +47,7 @@ Item {
             radius: width / 2
             color: "transparent"
             border.width: 1
-            border.color: GlassKit.faded(GlassKit.onTint, 0.15)
+            border.color: GlassKit.colors.faded(GlassKit.colors.onTint, 0.15)
             antialiasing: true
         }
     }

@@ -10,7 +10,7 @@ Rectangle {
     implicitWidth: content.implicitWidth + 20
     implicitHeight: content.implicitHeight + 10
     radius: height / 2
-    color: GlassKit.faded(status.color, 0.15)
+    color: GlassKit.colors.faded(status.color, 0.15)
     Accessible.role: Accessible.StaticText
     Accessible.name: status.word
     Accessible.ignored: !visible
@@ -39,7 +39,7 @@ Rectangle {
         PlainText {
             text: root.status.word
             font: GlassKit.captionStrongFont
-            color: GlassKit.tintText(root.status.color)
+            color: GlassKit.colors.tintText(root.status.color)
             Accessible.ignored: true
         }
     }

@@ -12,7 +12,7 @@ Text {
     height: size
     text: GlassKit.symbolText(name)
     font: GlassKit.symbolFont(size)
-    color: GlassKit.text
+    color: GlassKit.colors.text
     horizontalAlignment: Text.AlignHCenter
     verticalAlignment: Text.AlignVCenter
     Accessible.ignored: true

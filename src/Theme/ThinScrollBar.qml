@@ -26,6 +26,6 @@ T.ScrollBar {
 
     contentItem: Rectangle {
         radius: 3
-        color: GlassKit.faded(GlassKit.text, root.pressed ? 0.5 : root.hovered ? 0.4 : 0.25)
+        color: GlassKit.colors.faded(GlassKit.colors.text, root.pressed ? 0.5 : root.hovered ? 0.4 : 0.25)
     }
 }

@@ -20,7 +20,7 @@ T.ToolTip {
 
     background: GlassSurface {
         radius: 6
-        color: GlassKit.raised
+        color: GlassKit.colors.raised
 
         SoftShadow {
             radius: 6

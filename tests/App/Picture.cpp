@@ -8,6 +8,8 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Of 255. The faintest thing we draw, a hairline of 6 %, makes a difference of 15.
@@ -68,8 +70,8 @@ bool save(const QImage& screen, const QString& path)
 testing::AssertionResult looksAs(const QString& name, const QImage& screen)
 {
     const auto path = QStringLiteral(CORVANE_SOURCE_FOLDER "/%1").arg(name);
-    const auto keptPath = path + QStringLiteral(".png");
-    const auto actualPath = path + QStringLiteral(".actual.png");
+    const auto keptPath = path + u".png"_s;
+    const auto actualPath = path + u".actual.png"_s;
     const auto seen = screen.convertToFormat(QImage::Format_RGB888);
     const auto differs = whatDiffers(QImage(keptPath), seen);
     QFile::remove(actualPath);

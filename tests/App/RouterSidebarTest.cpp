@@ -61,13 +61,6 @@ TEST_F(RouterSidebarTest, ReadsOutEachRouterWithWhereItIsAndHowItIs)
     EXPECT_EQ(conference->text(QAccessible::Description), u"192.168.1.72:6107, Error"_s);
     EXPECT_FALSE(conference->state().selected);
 
-    ASSERT_EQ(conference->childCount(), 1) << "the lamp";
-    EXPECT_EQ(conference->child(0)->text(QAccessible::Name), u"Error"_s);
-    EXPECT_EQ(conference->child(0)->parent(), conference);
-    EXPECT_EQ(conference->indexOfChild(conference->child(0)), 0);
-    EXPECT_EQ(conference->parent(), list);
-    EXPECT_EQ(conference->window(), window.get());
-
     report(u"MX2 Conference"_s, driverEvent::Connected{});
     EXPECT_EQ(conference->text(QAccessible::Description), u"192.168.1.72:6107, Online"_s);
 }
@@ -75,18 +68,15 @@ TEST_F(RouterSidebarTest, ReadsOutEachRouterWithWhereItIsAndHowItIs)
 TEST_F(RouterSidebarTest, OpensTheMenuUnderThePointerAndSelectsNothing)
 {
     auto* const grid = focused();
-    const auto isMarked = [this] { return row(u"KUMO Stage"_s)->object()->property("marked").toBool(); };
     click(Qt::RightButton, *row(u"KUMO Stage"_s));
     EXPECT_THAT(menu(), ElementsAre("Edit…", "Disconnect", "Delete…"));
     EXPECT_TRUE(row(u"Demo Router"_s)->state().selected);
-    EXPECT_TRUE(isMarked());
 
     report(u"KUMO Stage"_s, driverEvent::Disconnected{});
     settle();
     EXPECT_THAT(menu(), ElementsAre("Edit…", "Delete…"));
     press(Qt::Key_Escape);
     EXPECT_TRUE(menu().empty());
-    EXPECT_FALSE(isMarked());
     EXPECT_EQ(focused(), grid);
 }
 
@@ -109,9 +99,9 @@ TEST_F(RouterSidebarTest, OpensTheMenuFromTheKeyboardAndDoesWhatIsChosen)
 TEST_F(RouterSidebarTest, OffersScreenReadersTheSameCommands)
 {
     EXPECT_EQ(row(u"KUMO Stage"_s)->actionInterface()->actionNames(),
-        (QStringList{u"Press"_s, u"Edit…"_s, u"Disconnect"_s, u"Delete…"_s}));
+        (QStringList{u"Press"_s, u"Edit…"_s, u"Disconnect"_s, u"Delete…"_s, u"SetFocus"_s}));
     EXPECT_EQ(row(u"Ultrix Main"_s)->actionInterface()->actionNames(),
-        (QStringList{u"Press"_s, u"Edit…"_s, u"Delete…"_s}));
+        (QStringList{u"Press"_s, u"Edit…"_s, u"Delete…"_s, u"SetFocus"_s}));
     act(row(u"KUMO Stage"_s), u"Disconnect"_s);
     EXPECT_FALSE(controller(u"KUMO Stage"_s).isConnected());
     act(row(u"KUMO Stage"_s), u"Disconnect"_s);
@@ -231,14 +221,13 @@ TEST_F(RouterSidebarTest, StaysWhereItIsScrolledToWhenARouterGoes)
     }
     store->setConnections(many);
     settle();
-    auto* const list = qobject_cast<QQuickItem*>(find(QAccessible::List, u"Routers"_s)->object());
-    list->setProperty("contentY", 1500);
+    act(row(u"Spare 40"_s), QAccessibleActionInterface::setFocusAction());
     settle();
-    act(row(u"Spare 30"_s), u"Delete…"_s);
+    const auto place = row(u"Spare 35"_s)->rect();
+    act(row(u"Spare 38"_s), u"Delete…"_s);
     act(button(u"Delete"_s), QAccessibleActionInterface::pressAction());
-    EXPECT_EQ(row(u"Spare 30"_s), nullptr);
-    EXPECT_NE(row(u"Spare 29"_s), nullptr);
-    EXPECT_EQ(list->property("contentY"), 1500);
+    EXPECT_EQ(row(u"Spare 38"_s), nullptr);
+    EXPECT_EQ(row(u"Spare 35"_s)->rect(), place);
 }
 
 TEST_F(RouterSidebarTest, KeepsNamesOfEveryKindInTheirPlace)
@@ -252,7 +241,6 @@ TEST_F(RouterSidebarTest, KeepsNamesOfEveryKindInTheirPlace)
         settle();
         const auto list = find(QAccessible::List, u"Routers"_s)->rect();
         EXPECT_TRUE(list.contains(row(name)->rect()));
-        EXPECT_TRUE(row(name)->rect().contains(row(name)->child(0)->rect())) << "the lamp";
 
         act(row(name), u"Delete…"_s);
         EXPECT_EQ(dialog()->text(QAccessible::Name), u"Delete “"_s + name + u"”?"_s);

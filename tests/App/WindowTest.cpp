@@ -1,6 +1,6 @@
 #include "WindowTest.h"
 
-#include "Drivers/SimulatorDriver.h"
+#include "Drivers/Simulator/SimulatorDriver.h"
 
 #include <QGuiApplication>
 #include <QQmlEngine>
@@ -159,7 +159,10 @@ QAccessibleInterface* WindowTest::find(QAccessible::Role role, const QString& na
 
 QAccessibleInterface* WindowTest::focused() const
 {
-    return QAccessible::queryAccessibleInterface(window->activeFocusItem());
+    auto* const interface = QAccessible::queryAccessibleInterface(window->activeFocusItem());
+    // Of a list, the row that has the keyboard.
+    const bool isList = interface && interface->role() == QAccessible::List;
+    return isList && interface->focusChild() ? interface->focusChild() : interface;
 }
 
 void WindowTest::act(QAccessibleInterface* on, const QString& action)

@@ -137,6 +137,11 @@ TEST_F(ConnectionStoreTest, SelectsWhatIsAddedAndNeverWritesWhatLivesForThisRunO
     store->update(edited);
     EXPECT_EQ(store->connections(), (QList{m_a, edited, m_b}));
     EXPECT_EQ(reloaded(), (QList{m_a, m_b}));
+    // An edit of a router that is not in the list changes and writes nothing.
+    const auto written = file();
+    store->update(m_c);
+    EXPECT_EQ(file(), written);
+    EXPECT_EQ(store->connections().size(), 3);
     // Only as long as it is in the list.
     store->remove(edited);
     store->add(edited, Persist::yes);
@@ -180,7 +185,7 @@ TEST_F(ConnectionStoreTest, LetsAControllerFinishWhatItIsTellingWhenItIsReplaced
 {
     const auto store = makeStore({m_a});
     const QPointer controller(&store->controller(m_a));
-    QObject::connect(controller, &MatrixController::statusChanged, [&] {
+    QObject::connect(controller, &MatrixController::changed, [&] {
         store->update(m_a);
         EXPECT_TRUE(controller);
     });
@@ -197,7 +202,7 @@ TEST_F(ConnectionStoreTest, NobodyWhoLooksWhileARouterGoesDownBringsItsControlle
         auto& controller = store->controller(each);
         controller.connect();
         // As a list does that shows the status and still has the old record.
-        QObject::connect(&controller, &MatrixController::statusChanged, store.get(),
+        QObject::connect(&controller, &MatrixController::changed, store.get(),
             [&, each] { seen = &store->controller(each); });
     }
     auto edited = m_a;
@@ -210,15 +215,6 @@ TEST_F(ConnectionStoreTest, NobodyWhoLooksWhileARouterGoesDownBringsItsControlle
     EXPECT_TRUE(seen);
     m_queue.runReady();
     EXPECT_FALSE(seen);
-}
-
-TEST_F(ConnectionStoreTest, IgnoresAnEditOfARouterThatIsGone)
-{
-    const auto store = makeStore({m_a});
-    writeFile(m_path, "untouched");
-    store->update(m_b);
-    EXPECT_EQ(store->connections(), QList{m_a});
-    EXPECT_EQ(file(), "untouched");
 }
 
 TEST_F(ConnectionStoreTest, MovesTheSelectionOnlyWhenTheSelectedRouterIsRemoved)
@@ -273,13 +269,42 @@ TEST_F(ConnectionStoreTest, RemovesARouterWithAllThatHangsOnItAndNothingOfTheOth
     EXPECT_TRUE(next->panelStore().activePanelID(m_b.id));
 }
 
-TEST_F(ConnectionStoreTest, KeepsInMemoryWhatCantBeWritten)
+TEST_F(ConnectionStoreTest, SaysOnceWhatCouldNotBeSavedUntilItIs)
 {
     const auto store = makeStore({m_a});
-    ASSERT_TRUE(QFile::remove(m_path) && QDir().mkdir(m_path));
+    const auto labelsPath = m_folder.path(u"labels.json"_s);
+    QStringList problems;
+    QObject::connect(
+        store.get(), &ConnectionStore::saveProblemChanged, [&] { problems.append(store->saveProblem()); });
+    const auto shown = [&] { return std::exchange(problems, {}); };
+    const auto setLabel = [&] { store->labels().set(u"Cam"_s, PortKind::source, 0, m_a.id); };
+    const auto connections = u"Not saved: connections.json (Is a directory)"_s;
+    ASSERT_TRUE(QFile::remove(m_path) && QDir().mkdir(m_path) && QDir().mkdir(labelsPath));
     EXPECT_EQ(
         printedBy([&] { store->add(m_b, Persist::yes); }), "ConnectionStore: save failed — Is a directory\n");
     EXPECT_EQ(store->connections(), (QList{m_a, m_b}));
+    EXPECT_EQ(shown(), QStringList(connections));
+    store->save();
+    EXPECT_EQ(shown(), QStringList());
+    store->dismissSaveProblem();
+    store->dismissSaveProblem();
+    store->save();
+    EXPECT_EQ(shown(), QStringList(u""_s));
+    setLabel();
+    EXPECT_EQ(shown(), QStringList(connections + u", labels.json (Is a directory)"_s));
+    QDir().rmdir(labelsPath);
+    setLabel();
+    QDir().rmdir(m_path);
+    store->save();
+    EXPECT_EQ(shown(), (QStringList{connections, u""_s}));
+    ASSERT_TRUE(QFile::remove(m_path) && QDir().mkdir(m_path));
+    store->save();
+    EXPECT_EQ(shown(), QStringList(connections));
+    for (const auto* name : {"salvos.json", "panels.json"})
+        QDir().mkdir(m_folder.path(QString::fromLatin1(name)));
+    store->dismissSaveProblem();
+    store->remove(m_b);
+    EXPECT_TRUE(shown().last().endsWith(u", panels.json (Is a directory), salvos.json (Is a directory)"_s));
 }
 
 TEST_F(ConnectionStoreTest, TellsOfRealChangesOnly)
@@ -306,7 +331,8 @@ protected:
     {
         // The search ends with the store, at its next look.
         m_store.reset();
-        m_queue.advance(1s);
+        m_queue.advance(200ms);
+        EXPECT_EQ(m_queue.waitingCount(), 0U);
     }
 
     void launch()
@@ -375,48 +401,32 @@ TEST_F(LaunchTest, GivesUpAfterFifteenSeconds)
     EXPECT_EQ(selected(), u"Demo"_s);
 }
 
-TEST_F(LaunchTest, LeavesTheSelectionToTheOperatorOnceSomethingWasSelected)
+TEST_F(LaunchTest, LeavesTheSelectionAloneAsSoonAsTheOperatorActs)
 {
-    launch();
-    m_queue.advance(1s);
-    m_store->setSelectedConnectionID(m_c.id);
-    comeUp(u"a"_s);
-    m_queue.advance(1min);
-    EXPECT_EQ(selected(), u"c"_s);
-}
-
-TEST_F(LaunchTest, EndsTheSearchWhenARouterIsEditedOrRemoved)
-{
-    const std::function<void(ConnectionStore&)> actions[] = {
-        [this](ConnectionStore& store) { store.update(m_c); },
-        [this](ConnectionStore& store) { store.remove(m_c); },
+    struct Case {
+        const char* name;
+        std::function<void(ConnectionStore&)> action;
+        QString selected;
     };
-    for (const auto& action : actions) {
+    const Case cases[] = {
+        {"selects", [this](auto& store) { store.setSelectedConnectionID(m_c.id); }, u"c"_s},
+        {"edits", [this](auto& store) { store.update(m_c); }, u"Demo"_s},
+        {"removes", [this](auto& store) { store.remove(m_c); }, u"Demo"_s},
+        {"only rearranges",
+            [this](auto& store) {
+                store.setConnections({m_demo, m_b, m_c});
+            },
+            u"b"_s},
+    };
+    for (const auto& c : cases) {
         m_store = makeStore({m_demo, m_a, m_b, m_c});
         launch();
-        action(*m_store);
+        c.action(*m_store);
         comeUp(u"a"_s);
+        comeUp(u"b"_s);
         m_queue.advance(1min);
-        EXPECT_EQ(selected(), u"Demo"_s);
+        EXPECT_EQ(selected(), c.selected) << c.name;
     }
-}
-
-TEST_F(LaunchTest, PassesOverARouterThatIsNoLongerInTheList)
-{
-    launch();
-    comeUp(u"a"_s);
-    comeUp(u"c"_s);
-    m_store->setConnections({m_demo, m_b, m_c});
-    m_queue.advance(200ms);
-    EXPECT_EQ(selected(), u"c"_s);
-}
-
-TEST_F(LaunchTest, EndsQuietlyWithTheStore)
-{
-    launch();
-    m_store.reset();
-    m_queue.advance(1min);
-    EXPECT_EQ(m_queue.waitingCount(), 0U);
 }
 
 } // namespace

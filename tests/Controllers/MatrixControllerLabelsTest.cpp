@@ -8,143 +8,188 @@ using namespace Qt::StringLiterals;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class MatrixControllerLabelsTest : public ControllerTest {
+class MatrixControllerLabelsTest : public ControllerTest, public testing::WithParamInterface<PortKind> {
 protected:
     MatrixControllerLabelsTest() { connectTo(matrix(4, 4)); }
 
-    void reportSourceName(qint64 index, const QString& name)
+    void reportName(qint64 index, const QString& name)
     {
-        report(driverEvent::LabelChanged{PortKind::source, index, name});
+        report(driverEvent::LabelChanged{GetParam(), index, name});
     }
 
-    [[nodiscard]] QString source(qsizetype position) const
+    void rename(qint64 index, const QString& name) { controller->rename(GetParam(), index, name); }
+
+    [[nodiscard]] bool isSource() const { return GetParam() == PortKind::source; }
+    [[nodiscard]] QString label(qsizetype position) const
     {
-        return controller->state().sources.at(position).label;
+        const auto& state = controller->state();
+        return (isSource() ? state.sources : state.destinations).at(position).label;
+    }
+    [[nodiscard]] std::string setLabel(const std::string& rest) const
+    {
+        return (isSource() ? "setLabel source " : "setLabel destination ") + rest;
     }
 };
 
-TEST_F(MatrixControllerLabelsTest, ACustomNameHidesTheDevicesNewestNameUntilItIsCleared)
+INSTANTIATE_TEST_SUITE_P(, MatrixControllerLabelsTest,
+    testing::Values(PortKind::source, PortKind::destination),
+    [](const auto& test) { return rawValue(test.param).toStdString(); });
+
+TEST_P(MatrixControllerLabelsTest, ACustomNameHidesTheDevicesNewestNameUntilItIsCleared)
 {
-    controller->rename(PortKind::source, 3, u" Desk \n"_s);
-    EXPECT_EQ(source(3), u"Desk"_s);
-    reportSourceName(3, u"CAM 4"_s);
-    EXPECT_EQ(source(3), u"Desk"_s);
-    controller->rename(PortKind::source, 3, u"  "_s);
-    EXPECT_EQ(source(3), u"CAM 4"_s);
+    rename(3, u" Desk \n"_s);
+    EXPECT_EQ(label(3), u"Desk"_s);
+    reportName(3, u"CAM 4"_s);
+    EXPECT_EQ(label(3), u"Desk"_s);
+    rename(3, u"  "_s);
+    EXPECT_EQ(label(3), u"CAM 4"_s);
+    rename(2, u"Desk"_s);
+    labels.removeConnection(router.id);
+    controller->applyLabelOverrides();
+    EXPECT_EQ(label(2), isSource() ? u"In 3"_s : u"Out 3"_s);
 }
 
-TEST_F(MatrixControllerLabelsTest, ARenameReachesTheDeviceOnlyWhileConnectedAndWithAName)
+TEST_P(MatrixControllerLabelsTest, ARenameReachesTheDeviceOnlyWhileConnectedAndWithAName)
 {
-    controller->rename(PortKind::source, 3, u" Desk "_s);
-    EXPECT_THAT(told(), ElementsAre("setLabel source 3 Desk"));
-    controller->rename(PortKind::source, 3, u" \t\n"_s);
+    // What a router says that can't rename makes no difference.
+    driver().failWith(DriverError::unsupported(feature::renaming));
+    rename(3, u" Cam X\n\nVIDEO OUTPUT ROUTING:\n3 9\u2028\u0001 "_s);
+    EXPECT_THAT(told(), ElementsAre(setLabel("3 Cam X  VIDEO OUTPUT ROUTING: 3 9")));
+    EXPECT_EQ(label(3), u"Cam X  VIDEO OUTPUT ROUTING: 3 9"_s);
+    EXPECT_EQ(controller->lastError(), std::nullopt);
+    rename(3, u" \t\n"_s);
     EXPECT_THAT(told(), IsEmpty());
     report(driverEvent::Disconnected{});
-    controller->rename(PortKind::source, 3, u"Later"_s);
-    EXPECT_EQ(source(3), u"Later"_s);
+    rename(3, u"Later"_s);
+    EXPECT_EQ(label(3), u"Later"_s);
     EXPECT_THAT(told(), IsEmpty());
     connectTo(matrix(4, 4));
-    EXPECT_EQ(source(3), u"Later"_s);
+    EXPECT_EQ(label(3), u"Later"_s);
     EXPECT_THAT(told(), IsEmpty());
 }
 
-TEST_F(MatrixControllerLabelsTest, ARouterThatCannotRenameMakesNoDifference)
+TEST_P(MatrixControllerLabelsTest, ABatchOfNamesIsOneSave)
 {
-    driver().failure = DriverError::unsupported(feature::renaming);
-    controller->rename(PortKind::source, 3, u"Desk"_s);
-    EXPECT_THAT(told(), ElementsAre("setLabel source 3 Desk"));
-    EXPECT_EQ(source(3), u"Desk"_s);
-    EXPECT_EQ(controller->lastError(), std::nullopt);
+    int saves = 0;
+    labels.onSaved([&](const QString&, const std::optional<QString>&) { ++saves; });
+    SignalLog log(*controller);
+    controller->renameAll({{{GetParam(), 1}, u"A"_s}, {{GetParam(), 2}, u" "_s}, {{GetParam(), 3}, u"C"_s}});
+    EXPECT_EQ(saves, 1);
+    EXPECT_THAT(told(), ElementsAre(setLabel("1 A"), setLabel("3 C")));
+    EXPECT_THAT(log.taken(), ElementsAre("labels"));
+    EXPECT_EQ(label(1) + label(3), u"AC"_s);
+    EXPECT_EQ(LabelStore(folder.path()).byConnection(), labels.byConnection());
 }
 
-TEST_F(MatrixControllerLabelsTest, NobodySeesANewPictureWithoutTheCustomNames)
+TEST_P(MatrixControllerLabelsTest, NobodySeesANewPictureWithoutTheCustomNames)
 {
-    labels.set(u"Desk"_s, PortKind::source, 3, router.id);
+    labels.set(u"Desk"_s, GetParam(), 3, router.id);
     QString seen;
-    QObject::connect(controller.get(), &MatrixController::stateReplaced, controller.get(),
-        [&] { seen = controller->state().sources.at(3).label; });
-    report(driverEvent::StateReplaced{matrix(5, 5)});
+    QObject::connect(
+        controller.get(), &MatrixController::stateReplaced, controller.get(), [&] { seen = label(3); });
+    reportName(3, u"old"_s);
+    auto state = matrix(5, 5);
+    (isSource() ? state.sources : state.destinations)[3].label = u"new"_s;
+    report(driverEvent::StateReplaced{state});
     EXPECT_EQ(seen, u"Desk"_s);
-    // The device's own name was captured before it was covered.
-    labels.set({}, PortKind::source, 3, router.id);
+    // The device's own name was captured before it was replaced.
+    labels.set({}, GetParam(), 3, router.id);
     controller->applyLabelOverrides();
-    EXPECT_EQ(source(3), u"In 4"_s);
+    EXPECT_EQ(label(3), u"new"_s);
 }
 
-TEST_F(MatrixControllerLabelsTest, NamesFollowThePortsIndexWhereverItStands)
+TEST_P(MatrixControllerLabelsTest, NamesFollowThePortsIndexWhereverItStands)
 {
-    auto state = matrix(3, 1);
-    state.sources[0].index = 2;
-    state.sources[1].index = 70;
-    state.sources[2].index = 0;
+    auto state = matrix(3, 3);
+    auto& ports = isSource() ? state.sources : state.destinations;
+    ports[0].index = 2;
+    ports[1].index = 70;
+    ports[2].index = 0;
     connectTo(state);
-    controller->rename(PortKind::source, 70, u"Far"_s);
-    reportSourceName(2, u"Second"_s);
-    reportSourceName(0, u"Zeroth"_s);
-    reportSourceName(1, u"nobody's"_s);
-    reportSourceName(-1, u"nobody's"_s);
-    EXPECT_EQ(source(0), u"Second"_s);
-    EXPECT_EQ(source(1), u"Far"_s);
-    EXPECT_EQ(source(2), u"Zeroth"_s);
+    rename(70, u"Far"_s);
+    reportName(2, u"Second"_s);
+    reportName(0, u"Zeroth"_s);
+    EXPECT_EQ(label(0), u"Second"_s);
+    EXPECT_EQ(label(1), u"Far"_s);
+    EXPECT_EQ(label(2), u"Zeroth"_s);
 }
 
-TEST_F(MatrixControllerLabelsTest, APanelShowsTheSameNames)
+TEST_P(MatrixControllerLabelsTest, APanelShowsTheSameNames)
 {
-    SubPanel panel;
-    panel.sourceIndices = {1, 3};
+    const SubPanel panel{QUuid::createUuid(), u"A"_s, {1, 3}, {1, 3}};
     controller->savePanel(panel);
     controller->setActivePanelID(panel.id);
-    reportSourceName(3, u"Fresh"_s);
-    EXPECT_EQ(controller->visibleSources().at(1).label, u"Fresh"_s);
-    controller->rename(PortKind::source, 1, u"Desk"_s);
-    EXPECT_EQ(controller->visibleSources().at(0).label, u"Desk"_s);
+    const auto shown = [&](qsizetype position) {
+        return (isSource() ? controller->visibleSources() : controller->visibleDestinations())
+            .at(position)
+            .label;
+    };
+    reportName(3, u"Fresh"_s);
+    EXPECT_EQ(shown(1), u"Fresh"_s);
+    rename(1, u"Desk"_s);
+    EXPECT_EQ(shown(0), u"Desk"_s);
 }
 
-TEST_F(MatrixControllerLabelsTest, OnlyANameThatIsReallyDifferentIsTold)
+TEST_P(MatrixControllerLabelsTest, NamesThatADeviceReportsTogetherAreSignalledOnce)
 {
-    Telling told(*controller, &MatrixController::labelsChanged);
-    reportSourceName(3, u"In 4"_s);
+    SignalLog log(*controller);
+    for (const auto& [index, name] : {std::pair(1, u"A"_s), {2, u"x"_s}, {2, u"B"_s}})
+        driver().report(driverEvent::LabelChanged{GetParam(), index, name});
+    queue.runReady();
+    EXPECT_THAT(log.taken(), ElementsAre("labels"));
+    EXPECT_EQ(label(1) + label(2), u"AB"_s);
     controller->applyLabelOverrides();
-    EXPECT_EQ(told.count(), 0);
-    reportSourceName(3, u"CAM 4"_s);
-    EXPECT_EQ(told.count(), 1);
-    controller->rename(PortKind::source, 3, u"CAM 4"_s);
-    EXPECT_EQ(told.count(), 0);
-    reportSourceName(3, u"hidden"_s);
-    EXPECT_EQ(told.count(), 0);
+    rename(1, u"A"_s);
+    reportName(1, u"hidden"_s);
+    EXPECT_THAT(log.taken(), IsEmpty());
 }
 
-TEST_F(MatrixControllerLabelsTest, AnInlineRenameIsKeptWhenCommittedAndNotWhenLeft)
+TEST_P(MatrixControllerLabelsTest, ANameIsCutToWhatIsKept)
 {
-    controller->beginRename(PortKind::source, 4);
-    EXPECT_EQ(controller->renameDraft(), u""_s);
-    EXPECT_EQ(controller->renameTarget(), (PortRef{PortKind::source, 4}));
-    controller->beginRename(PortKind::destination, 2);
-    EXPECT_EQ(controller->renameDraft(), u"Out 3"_s);
-    controller->beginRename(PortKind::source, 2);
+    const QString endless(100'000, u'x');
+    rename(0, endless);
+    reportName(1, endless);
+    EXPECT_EQ(label(0).size(), 1024);
+    EXPECT_EQ(label(1).size(), 1024);
+    auto state = matrix(4, 4);
+    (isSource() ? state.sources : state.destinations)[2].label = endless;
+    report(driverEvent::StateReplaced{state});
+    EXPECT_EQ(label(2).size(), 1024);
+}
+
+TEST_P(MatrixControllerLabelsTest, AnInlineRenameIsKeptWhenCommittedAndNotWhenLeft)
+{
+    for (const qint64 index : {4, -1}) {
+        controller->setRenameDraft(u"left over"_s);
+        controller->beginRename(GetParam(), index);
+        EXPECT_EQ(controller->renameDraft(), u""_s);
+        EXPECT_EQ(controller->renameTarget(), (PortRef{GetParam(), index}));
+    }
+    controller->beginRename(GetParam(), 2);
+    EXPECT_EQ(controller->renameDraft(), label(2));
     controller->setRenameDraft(u"Desk"_s);
     controller->setRenameTarget(std::nullopt);
     controller->commitRename();
     EXPECT_THAT(told(), IsEmpty());
-    controller->beginRename(PortKind::source, 2);
+    controller->beginRename(GetParam(), 2);
     controller->setRenameDraft(u"Desk"_s);
     controller->commitRename();
-    EXPECT_THAT(told(), ElementsAre("setLabel source 2 Desk"));
+    EXPECT_THAT(told(), ElementsAre(setLabel("2 Desk")));
     EXPECT_EQ(controller->renameTarget(), std::nullopt);
-    EXPECT_EQ(source(2), u"Desk"_s);
+    EXPECT_EQ(label(2), u"Desk"_s);
 }
 
-TEST_F(MatrixControllerLabelsTest, ARenameBegunUponTheLastOneStaysOpen)
+TEST_P(MatrixControllerLabelsTest, ARenameBegunUponTheLastOneStaysOpen)
 {
-    controller->beginRename(PortKind::source, 2);
+    controller->beginRename(GetParam(), 2);
     controller->setRenameDraft(u"Desk"_s);
     QObject::connect(controller.get(), &MatrixController::labelsChanged, controller.get(),
-        [&] { controller->beginRename(PortKind::source, 3); });
+        [&] { controller->beginRename(GetParam(), 3); });
     controller->commitRename();
-    EXPECT_THAT(told(), ElementsAre("setLabel source 2 Desk"));
-    EXPECT_EQ(source(2), u"Desk"_s);
-    EXPECT_EQ(controller->renameTarget(), (PortRef{PortKind::source, 3}));
-    EXPECT_EQ(controller->renameDraft(), u"In 4"_s);
+    EXPECT_THAT(told(), ElementsAre(setLabel("2 Desk")));
+    EXPECT_EQ(label(2), u"Desk"_s);
+    EXPECT_EQ(controller->renameTarget(), (PortRef{GetParam(), 3}));
+    EXPECT_EQ(controller->renameDraft(), label(3));
 }
 
 } // namespace

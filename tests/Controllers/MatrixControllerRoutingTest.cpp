@@ -19,11 +19,7 @@ protected:
             controller->toggleDestinationInGang(destination);
     }
 
-    [[nodiscard]] Staging staging() const
-    {
-        return {
-            controller->pendingDestination(), controller->pendingSource(), controller->pendingDestinations()};
-    }
+    [[nodiscard]] const Staging& staging() const { return controller->operatorState().staging; }
 };
 
 TEST_F(MatrixControllerRoutingTest, ATakeShowsAtOnceAndIsSentOnALaterTurn)
@@ -35,17 +31,44 @@ TEST_F(MatrixControllerRoutingTest, ATakeShowsAtOnceAndIsSentOnALaterTurn)
     EXPECT_EQ(controller->state().source(5, 0), 3);
 }
 
-TEST_F(MatrixControllerRoutingTest, ATakeThatCannotBeSentIsTakenBackOnEachLevel)
+TEST_F(MatrixControllerRoutingTest, ACommandThatCannotBeSentIsTakenBack)
 {
-    auto state = matrix(10, 10, 2);
+    auto state = matrix(10, 10, 3);
     state.routing[1].remove(5);
-    connectTo(state);
-    driver().failure = DriverError::notConnected();
-    controller->take(3, 5);
-    EXPECT_EQ(controller->state().source(5, 1), 3);
-    EXPECT_THAT(told(), ElementsAre("takeAll 0:5<3 1:5<3"));
-    EXPECT_EQ(controller->state(), state);
-    EXPECT_EQ(lastError(), u"Not connected to the router."_s);
+    state.lockedDestinations = {7};
+    struct Case {
+        std::function<void(MatrixController&)> command;
+        std::exception_ptr failure;
+        const char* call;
+        const char* error;
+    };
+    Salvo salvo;
+    salvo.routes = {{1, 5, 0}, {0, 1, 3}};
+    const auto dropped = std::make_exception_ptr(DriverError::notConnected());
+    const auto noLocks = std::make_exception_ptr(DriverError::unsupported(feature::locking));
+    const auto other = std::make_exception_ptr(std::runtime_error("no memory"));
+    const auto* const gone = "Not connected to the router.";
+    const Case cases[] = {
+        {[](auto& c) { c.take(3, 5); }, dropped, "takeAll 0:5<3 1:5<3 2:5<3", gone},
+        {[](auto& c) { c.take(3, 5); }, other, "takeAll 0:5<3 1:5<3 2:5<3", "no memory"},
+        {[&](auto& c) { c.fireSalvo(salvo); }, dropped, "takeAll 1:5<0 0:1<3", gone},
+        {[](auto& c) { c.toggleLock(7); }, dropped, "setLock 7 2 false", gone},
+        {[](auto& c) { c.toggleLock(1); }, noLocks, "setLock 1 2 true",
+            "Locking isn't supported by this router."},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.call);
+        connectTo(state);
+        controller->setPrimaryLevel(2);
+        report(driverEvent::Disconnected{});
+        driver().failure = c.failure;
+        auto expected = snapshot(*controller);
+        c.command(*controller);
+        EXPECT_NE(controller->state(), state);
+        EXPECT_THAT(told(), ElementsAre(c.call));
+        expected.lastError = QString::fromUtf8(c.error);
+        EXPECT_EQ(snapshot(*controller), expected);
+    }
 }
 
 TEST_F(MatrixControllerRoutingTest, WhatAnObserverDoesUponACommandIsSentAfterIt)
@@ -78,7 +101,7 @@ TEST_F(MatrixControllerRoutingTest, WhatAnObserverDoesUponACommandIsSentAfterIt)
 
 TEST_F(MatrixControllerRoutingTest, TakingBackRestoresWhatItSawWhateverWasTakenSince)
 {
-    driver().failure = DriverError::transport(u"cut"_s);
+    driver().failWith(DriverError::transport(u"cut"_s));
     controller->take(3, 5);
     controller->take(4, 5);
     EXPECT_THAT(told(), ElementsAre("takeAll 0:5<3", "takeAll 0:5<4"));
@@ -88,10 +111,14 @@ TEST_F(MatrixControllerRoutingTest, TakingBackRestoresWhatItSawWhateverWasTakenS
 TEST_F(MatrixControllerRoutingTest, WithoutADriverTheLocalChangeStays)
 {
     controller->disconnect();
+    Salvo salvo;
+    salvo.routes = {{0, 4, 2}};
     controller->take(3, 5);
+    controller->fireSalvo(salvo);
     controller->toggleLock(6);
     queue.runReady();
     EXPECT_EQ(controller->state().source(5, 0), 3);
+    EXPECT_EQ(controller->state().source(4, 0), 2);
     EXPECT_TRUE(controller->state().isLocked(6));
     EXPECT_EQ(controller->lastError(), std::nullopt);
 }
@@ -126,19 +153,58 @@ TEST_F(MatrixControllerRoutingTest, AGangIsTakenOneByOneInAscendingOrder)
     EXPECT_EQ(lastError(), u"Out 6 is locked."_s);
 }
 
-TEST_F(MatrixControllerRoutingTest, ALockShowsAtOnceIsSentOnThePrimaryLevelAndGoesIfItCannotBe)
+TEST_F(MatrixControllerRoutingTest, ALockedDestinationIsNamedWhenItIsToBeStagedAndNotStaged)
 {
-    connectTo(matrix(4, 4, 3));
-    controller->setPrimaryLevel(2);
-    controller->toggleLock(1);
-    EXPECT_TRUE(controller->state().isLocked(1));
-    EXPECT_THAT(told(), ElementsAre("setLock 1 2 true"));
-    driver().failure = DriverError::unsupported(feature::locking);
-    controller->toggleLock(1);
-    EXPECT_FALSE(controller->state().isLocked(1));
-    EXPECT_THAT(told(), ElementsAre("setLock 1 2 false"));
-    EXPECT_TRUE(controller->state().isLocked(1));
-    EXPECT_EQ(lastError(), u"Locking isn't supported by this router."_s);
+    using Gestures = std::function<void(MatrixController&)>;
+    struct Case {
+        const char* name;
+        Gestures stage;
+        Staging staging;
+        bool isRefused;
+    };
+    const auto gangOf = [this](std::initializer_list<qint64> destinations) {
+        return [=, this](auto& c) {
+            gang(destinations);
+            c.chooseSource(1);
+        };
+    };
+    const Case cases[] = {
+        {"a cell", [](auto& c) { c.stageRoute(1, 5); }, {}, true},
+        {"another cell", [](auto& c) { c.stageRoute(1, 4); }, {4, 1, {}}, false},
+        {"selected first", [](auto& c) { c.focusDestination(5), c.chooseSource(1); }, {5, {}, {}}, true},
+        {"in a gang", gangOf({5, 2, 8}), {{}, 1, {2, 8}}, true},
+        {"in a gang of two", gangOf({5, 2}), {2, 1, {}}, true},
+        {"joining later", [](auto& c) { c.stageRoute(1, 4), c.toggleDestinationInGang(5); }, {{}, 1, {}},
+            true},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        connectTo(matrix(10, 10));
+        controller->setTakeMode(TakeMode::confirm);
+        controller->deselectAllInGang();
+        report(driverEvent::LockChanged{5, true});
+        c.stage(*controller);
+        EXPECT_EQ(staging(), c.staging);
+        EXPECT_EQ(lastError(), c.isRefused ? u"Out 6 is locked."_s : u""_s);
+    }
+}
+
+TEST_F(MatrixControllerRoutingTest, WhatIsStagedAndLockedSinceIsListedAndLeftOutOfTheTake)
+{
+    controller->setTakeMode(TakeMode::confirm);
+    gang({1, 2, 5});
+    controller->chooseSource(6);
+    EXPECT_THAT(controller->lockedPendingDestinations(), IsEmpty());
+    report(driverEvent::LockChanged{7, true});
+    report(driverEvent::LockChanged{5, true});
+    report(driverEvent::LockChanged{1, true});
+    EXPECT_THAT(controller->lockedPendingDestinations(), ElementsAre(1, 5));
+    controller->confirmTake();
+    EXPECT_THAT(told(), ElementsAre("takeAll 0:2<6"));
+    EXPECT_EQ(lastError(), u"Out 6 is locked."_s);
+    EXPECT_FALSE(controller->hasStaging());
+    controller->selectDestination(7);
+    EXPECT_THAT(controller->lockedPendingDestinations(), ElementsAre(7));
 }
 
 TEST_F(MatrixControllerRoutingTest, AClickInConfirmModeStagesAndOnlyACompleteTakeIsSent)
@@ -175,9 +241,56 @@ TEST_F(MatrixControllerRoutingTest, AStagedSourceFollowsTheGang)
     EXPECT_EQ(staging(), (Staging{1, 3, {}}));
     controller->toggleDestinationInGang(5);
     EXPECT_EQ(staging(), (Staging{{}, 3, {1, 5}}));
-    controller->setMultiSelectMode(true);
-    controller->setMultiSelectMode(false);
-    EXPECT_FALSE(controller->hasStaging());
+    controller->deselectAllInGang();
+    controller->toggleDestinationInGang(4);
+    EXPECT_EQ(staging(), Staging());
+}
+
+TEST_F(MatrixControllerRoutingTest, LeavingAModeDropsWhatBelongsToIt)
+{
+    using enum TakeMode;
+    using enum RoutingDirection;
+    struct Case {
+        TakeMode takeMode;
+        std::function<void(MatrixController&)> change;
+        /// Any of "gang", "focus", "multi" and "staging".
+        QString dropped;
+    };
+    const Case cases[] = {
+        {confirm, [](auto& c) { c.setMultiSelectMode(true); }, u""_s},
+        {confirm, [](auto& c) { c.setMultiSelectMode(false); }, u"gang multi staging"_s},
+        {immediate, [](auto& c) { c.setMultiSelectMode(false); }, u"gang multi"_s},
+        {confirm, [](auto& c) { c.setDirection(destinationLed); }, u"gang multi staging"_s},
+        {immediate, [](auto& c) { c.setDirection(sourceLed); }, u"gang multi staging"_s},
+        {confirm, [](auto& c) { c.setTakeMode(confirm); }, u""_s},
+        {confirm, [](auto& c) { c.setTakeMode(immediate); }, u"staging"_s},
+        {confirm, [](auto& c) { c.deselectAllInGang(); }, u"gang focus staging"_s},
+        {immediate, [](auto& c) { c.deselectAllInGang(); }, u"gang focus"_s},
+        {confirm, [](auto& c) { c.setViewMode(RouteViewMode::list); }, u""_s},
+        {confirm, [](auto& c) { c.setBreakawayLevels({0}); }, u""_s},
+    };
+    for (const auto& [takeMode, change, dropped] : cases) {
+        SCOPED_TRACE(&change - &cases[0].change);
+        controller = makeController();
+        connectTo(matrix(10, 10));
+        controller->setTakeMode(takeMode);
+        controller->setMultiSelectMode(true);
+        gang({1, 2});
+        controller->setPendingDestinations({1, 2});
+        controller->setPendingDestination(4);
+        controller->setPendingSource(3);
+        const auto before = controller->operatorState();
+        change(*controller);
+        const auto& after = controller->operatorState();
+        EXPECT_EQ(after.multiSelectMode, !dropped.contains(u"multi"_s));
+        EXPECT_EQ(after.staging, dropped.contains(u"staging"_s) ? Staging() : before.staging);
+        auto selection = before.selection;
+        if (dropped.contains(u"gang"_s))
+            selection.destinations.clear();
+        if (dropped.contains(u"focus"_s))
+            selection.destination.reset();
+        EXPECT_EQ(after.selection, selection);
+    }
 }
 
 TEST_F(MatrixControllerRoutingTest, SourceLedDestinationsAreAssignedAtOnceOrStaged)
@@ -195,8 +308,12 @@ TEST_F(MatrixControllerRoutingTest, SourceLedDestinationsAreAssignedAtOnceOrStag
         controller->assignDestination(destination);
     EXPECT_EQ(staging(), (Staging{{}, {}, {2, 8}}));
     EXPECT_EQ(controller->lastError(), std::nullopt);
+    report(driverEvent::LockChanged{8, true});
+    controller->assignDestination(8);
+    EXPECT_EQ(staging(), (Staging{{}, {}, {2}}));
+    controller->assignDestination(1);
     controller->confirmTake();
-    EXPECT_THAT(told(), ElementsAre("takeAll 0:2<6", "takeAll 0:8<6"));
+    EXPECT_THAT(told(), ElementsAre("takeAll 0:1<6", "takeAll 0:2<6"));
     controller->assignDestination(2);
     controller->focusSource(7);
     EXPECT_FALSE(controller->hasStaging());
@@ -225,11 +342,6 @@ TEST_F(MatrixControllerRoutingTest, AllDestinationsAreThoseThatAreNotLocked)
     EXPECT_EQ(controller->takeMode(), TakeMode::confirm);
     EXPECT_EQ(staging(), (Staging{{}, {}, {0, 1, 2, 3}}));
     EXPECT_TRUE(controller->allDestinationsStaged());
-    controller->setTakeMode(TakeMode::confirm);
-    EXPECT_TRUE(controller->hasStaging());
-    controller->setTakeMode(TakeMode::immediate);
-    EXPECT_FALSE(controller->hasStaging());
-
     for (const qint64 destination : {0, 1, 2, 3})
         report(driverEvent::LockChanged{destination, true});
     EXPECT_FALSE(controller->allGanged());
@@ -250,9 +362,9 @@ TEST_F(MatrixControllerRoutingTest, AnOperationIsToldWhenAllOfItIsDone)
     QObject::connect(controller.get(), &MatrixController::crosspointChanged, controller.get(),
         [&] { note("crosspoint"); });
     QObject::connect(
-        controller.get(), &MatrixController::stagingChanged, controller.get(), [&] { note("staging"); });
+        controller.get(), &MatrixController::changed, controller.get(), [&] { note("changed"); });
     controller->confirmTake();
-    EXPECT_THAT(told, ElementsAre("crosspoint", "crosspoint", "staging"));
+    EXPECT_THAT(told, ElementsAre("crosspoint", "crosspoint", "changed"));
 }
 
 } // namespace

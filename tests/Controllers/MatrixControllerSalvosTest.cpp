@@ -45,6 +45,9 @@ TEST_F(MatrixControllerSalvosTest, SavingUnderANameInUseUpdatesThatSalvo)
     EXPECT_EQ(saved(0).routes.first(), (Route{0, 0, 3}));
     controller->saveSalvo(u"morning"_s, {});
     EXPECT_EQ(controller->salvos().size(), 2);
+    const auto before = saved(0);
+    EXPECT_TRUE(controller->renameSalvo(before, u"At\r8"_s));
+    EXPECT_EQ(saved(0).name, u"At 8"_s);
     controller->saveSalvo(u" \n"_s, {});
     EXPECT_EQ(controller->salvos().size(), 2);
     EXPECT_EQ(controller->lastError(), std::nullopt);
@@ -62,12 +65,17 @@ TEST_F(MatrixControllerSalvosTest, APanelsSalvoCoversThePanelsDestinations)
 
 TEST_F(MatrixControllerSalvosTest, UpdatingCapturesAnewAndGrowsToTheRouterWhenThePanelIsGone)
 {
-    controller->saveSalvo(u"A"_s, panel.id);
-    const auto before = saved(0);
+    Salvo before;
+    before.name = u"A"_s;
+    before.savedAt = Timestamp{1};
+    before.panelID = panel.id;
+    salvos.add(before, router.id);
     report(driverEvent::RouteChanged{0, 1, 3});
+    const auto now = Timestamp::now();
     controller->updateSalvo(before);
     EXPECT_EQ(saved(0).id, before.id);
-    EXPECT_EQ(saved(0).routes.first(), (Route{0, 1, 3}));
+    EXPECT_EQ(saved(0).routes, (QList<Route>{{0, 1, 3}, {0, 2, 2}, {1, 1, 1}, {1, 2, 2}}));
+    EXPECT_GE(saved(0).savedAt->seconds, now.seconds);
     auto orphan = before;
     orphan.panelID = QUuid::createUuid();
     controller->updateSalvo(orphan);
@@ -123,19 +131,6 @@ TEST_F(MatrixControllerSalvosTest, AFireIsOneCommandThatReassertsAllThatApplies)
     EXPECT_EQ(controller->state().source(3, 0), 3);
     EXPECT_THAT(told(), ElementsAre("takeAll 1:2<0 0:0<0"));
     EXPECT_EQ(controller->lastError(), std::nullopt);
-}
-
-TEST_F(MatrixControllerSalvosTest, AFireThatCannotBeSentIsTakenBackWhole)
-{
-    const auto before = controller->state();
-    driver().failure = DriverError::notConnected();
-    Salvo salvo;
-    salvo.routes = {{1, 2, 0}, {0, 1, 3}};
-    controller->fireSalvo(salvo);
-    EXPECT_NE(controller->state(), before);
-    queue.runReady();
-    EXPECT_EQ(controller->state(), before);
-    EXPECT_EQ(lastError(), u"Not connected to the router."_s);
 }
 
 TEST_F(MatrixControllerSalvosTest, AFireOfNothingThatAppliesIsTold)

@@ -95,31 +95,6 @@ TEST(RoutingRules, AGangTakesInTheFocusedDestinationAndNeverShrinksToOne)
         EXPECT_EQ(routing::toggledInGang(c.before, c.toggled), c.after) << c.name;
 }
 
-TEST(RoutingRules, WritingATallyTellsWhetherItChangedAnything)
-{
-    struct Case {
-        const char* name;
-        Crosspoint written;
-        bool isChange;
-        std::optional<qint64> after;
-    };
-    const Case cases[] = {
-        {"another source", {0, 1, 8}, true, 8},
-        {"the same source", {0, 1, 5}, false, 5},
-        {"a new level", {4, 1, 5}, true, 5},
-        {"routed to nothing", {0, 1, {}}, true, {}},
-        {"nothing was there", {0, 2, {}}, false, {}},
-        {"no such level", {4, 1, {}}, false, {}},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
-        RouterState state;
-        state.routing[0].insert(1, 5);
-        EXPECT_EQ(routing::write(state, c.written), c.isChange);
-        EXPECT_EQ(state.source(c.written.destination, c.written.level), c.after);
-    }
-}
-
 } // namespace
 
 } // namespace corvane

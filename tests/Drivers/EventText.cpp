@@ -8,12 +8,29 @@ namespace corvane {
 
 namespace {
 
-std::string portTexts(const QList<Port>& ports)
+std::string portTexts(const QList<Port>& ports, PortKind kind)
 {
     std::string text = "[";
-    for (const auto& port : ports)
+    for (qsizetype place = 0; place < ports.size(); ++place) {
+        const auto& port = ports[place];
         text += (text.size() > 1 ? "|" : "") + port.label.toStdString();
+        if (port.index != place || port.kind != kind)
+            text += " (" + rawValue(port.kind).toStdString() + " " + std::to_string(port.index) + ")";
+    }
     return text + "]";
+}
+
+std::string oddLevelTexts(const RouterState& state)
+{
+    std::string text;
+    const QList<RouterLevel> usual{{0, QStringLiteral("Video"), LevelKind::video}};
+    for (const auto& level : state.levels) {
+        if (state.levels != usual)
+            text += " level " + std::to_string(level.index) + " " + level.name.toStdString();
+    }
+    if (state.levels.isEmpty() || state.routing.keys() != QList<qint64>{0})
+        text += " routing of " + std::to_string(state.routing.size()) + " levels";
+    return text;
 }
 
 std::string routingText(const LevelRouting& routing)
@@ -32,9 +49,10 @@ std::string signalText(const InputSignalStatus& status)
 
 std::string stateText(const RouterState& state)
 {
-    auto text = "\"" + state.deviceName.toStdString() + "\" \"" + state.model.toStdString() + "\" "
-        + portTexts(state.sources) + " " + portTexts(state.destinations) + " routes"
-        + routingText(state.routing.value(0));
+    auto text = rawValue(state.vendor).toStdString() + " \"" + state.deviceName.toStdString() + "\" \""
+        + state.model.toStdString() + "\" " + portTexts(state.sources, PortKind::source) + " "
+        + portTexts(state.destinations, PortKind::destination) + " routes"
+        + routingText(state.routing.value(0)) + oddLevelTexts(state);
     auto locked = state.lockedDestinations.values();
     std::ranges::sort(locked);
     for (const auto destination : locked)

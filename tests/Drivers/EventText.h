@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Drivers/RouterDriver.h"
+#include "Drivers/Contract/RouterDriver.h"
 
 #include <string>
 #include <vector>
@@ -8,7 +8,9 @@
 namespace corvane {
 
 /// An event in one line, so that tests state what they expect as text and a failure can be read: "route
-/// 0:3=5", "label source 0 Cam 1", "refused {text}". A whole state lists its parts in ascending order.
+/// 0:3=5", "label source 0 Cam 1", "refused {text}". A whole state lists its parts in ascending order; ports
+/// and levels tell no more than names and routes unless they are odd: out of their place, of another kind, or
+/// anything but the one video level.
 std::string eventText(const RouterDriverEvent& event);
 
 /// Collects what a stream delivers.

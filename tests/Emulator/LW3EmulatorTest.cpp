@@ -2,12 +2,10 @@
 
 #include "emulator/LW3Emulator.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 using namespace corvane;
 using namespace corvane::emulator;
-using namespace Qt::StringLiterals;
-using testing::ElementsAre;
 
 namespace {
 
@@ -29,8 +27,6 @@ protected:
 };
 
 constexpr auto take = "0001#CALL /MEDIA/XP/VIDEO:switch(I3:O2)\n";
-constexpr auto openAndTake = "OPEN /MEDIA/XP/VIDEO\n"
-                             "0001#CALL /MEDIA/XP/VIDEO:switch(I3:O2)\n";
 constexpr auto routesNow = "CHG /MEDIA/XP/VIDEO.DestinationConnectionStatus=I1;I3\n";
 
 TEST_F(LW3EmulatorTest, ShowsItsTree)
@@ -57,7 +53,8 @@ TEST_F(LW3EmulatorTest, ShowsItsTree)
         {"GET /MEDIA/PORTS/VIDEO/I4/STATUS.*\n",
             "pr /MEDIA/PORTS/VIDEO/I4/STATUS.SignalPresent=false\n"
             "pr /MEDIA/PORTS/VIDEO/I4/STATUS.ActiveResolution=\n"},
-        {"SET /MEDIA/NAMES/VIDEO.I1=1;Cam #2\n", "pw /MEDIA/NAMES/VIDEO.I1=1;Cam #2\n"},
+        {"SET /MEDIA/NAMES/VIDEO.I1=1;\\(a\\) \\{b\\} \\#\\%\\\\\\r\\n\\t\n",
+            "pw /MEDIA/NAMES/VIDEO.I1=1;\\(a\\) \\{b\\} \\#\\%\\\\\\r\\n\\t\n"},
         {"OPEN /MEDIA/XP/VIDEO\n", "o- /MEDIA/XP/VIDEO\n"},
         {"CLOSE /MEDIA/XP/VIDEO\n", "c- /MEDIA/XP/VIDEO\n"},
     };
@@ -84,6 +81,8 @@ TEST_F(LW3EmulatorTest, TellsWhatIsWrong)
         {"OPEN /MEDIA/PORTS/VIDEO/O1/STATUS\n", "nE /MEDIA/PORTS/VIDEO/O1/STATUS %E002:Not exists\n"},
         {"SET /.ProductName=Mine\n", "pE /.ProductName %E005:Read only property\n"},
         {"SET /MEDIA/NAMES/VIDEO.I5=1;A\n", "pE /MEDIA/NAMES/VIDEO.I5 %E002:Not exists\n"},
+        {"SET /MEDIA/NAMES/VIDEO.I1=1;A #\n", "pE /MEDIA/NAMES/VIDEO.I1 %E004:Invalid value\n"},
+        {"SET /MEDIA/NAMES/VIDEO.I1=1;A\\\n", "pE /MEDIA/NAMES/VIDEO.I1 %E004:Invalid value\n"},
         {"CALL /MEDIA/XP/VIDEO:switch(I1:O1\n", "-E %E001:Syntax error\n"},
         {"CALL /MEDIA/XP/VIDEO:explode(O1)\n", "mE /MEDIA/XP/VIDEO:explode %E002:Not exists\n"},
         {"000A#CALL /MEDIA/XP/VIDEO:switch(I5:O2)\n",
@@ -103,6 +102,14 @@ TEST_F(LW3EmulatorTest, TellsWhatIsWrong)
     }
     EXPECT_EQ(matrix.source(0, 0), 0);
     EXPECT_EQ(matrix.source(0, 1), 1);
+
+    device.quirks().omitLocks = true;
+    expectAnswer(client, "CALL /MEDIA/XP/VIDEO:lockDestination(O1)\n",
+        "mE /MEDIA/XP/VIDEO:lockDestination %E002:Not exists\n");
+    device.faults().refuseNext = 2;
+    expectAnswer(client, "GET /.SerialNumber\n", "pr /.SerialNumber=00004711\n");
+    expectAnswer(client, take, "{0001\nmE /MEDIA/XP/VIDEO:switch %E006:Access denied\n}\n");
+    expectAnswer(client, "SET /MEDIA/NAMES/VIDEO.I1=1;A\n", "pE /MEDIA/NAMES/VIDEO.I1 %E006:Access denied\n");
 }
 
 TEST_F(LW3EmulatorTest, TellsChangesToThoseWhoOpenedTheNode)
@@ -117,12 +124,12 @@ TEST_F(LW3EmulatorTest, TellsChangesToThoseWhoOpenedTheNode)
     expectAnswer(other, opening, opened);
 
     const QByteArray locks = "CHG /MEDIA/XP/VIDEO.DestinationPortStatus=T00AA;L00AA\n";
-    const QByteArray name = "CHG /MEDIA/NAMES/VIDEO.I3=1;Cam;3 100%\n";
+    const QByteArray name = "CHG /MEDIA/NAMES/VIDEO.I3=1;Cam;3 100\\%\n";
     expectAnswer(one, take, QByteArray("{0001\nmO /MEDIA/XP/VIDEO:switch=OK\n}\n") + routesNow);
     expectAnswer(one, "0002#CALL /MEDIA/XP/VIDEO:lockDestination(O2)\n",
         "{0002\nmO /MEDIA/XP/VIDEO:lockDestination=OK\n}\n" + locks);
-    expectAnswer(one, "0003#SET /MEDIA/NAMES/VIDEO.I3=1;Cam;3 100%\n",
-        "{0003\npw /MEDIA/NAMES/VIDEO.I3=1;Cam;3 100%\n}\n" + name);
+    expectAnswer(one, "0003#SET /MEDIA/NAMES/VIDEO.I3=1;Cam;3 100\\%\n",
+        "{0003\npw /MEDIA/NAMES/VIDEO.I3=1;Cam;3 100\\%\n}\n" + name);
     EXPECT_HEARS(other, wire(routesNow + locks + name));
 
     matrix.setRoutes({{.destination = 1, .source = noSource}});
@@ -134,66 +141,6 @@ TEST_F(LW3EmulatorTest, TellsChangesToThoseWhoOpenedTheNode)
     pumpUntilIdle();
     EXPECT_EQ(deaf.received(), "");
     EXPECT_TRUE(deaf.isConnected());
-}
-
-TEST_F(LW3EmulatorTest, SpeaksAsItsFamilyDoes)
-{
-    struct Case {
-        const char* name;
-        LW3Quirks quirks;
-        const char* sent;
-        const char* heard;
-    };
-    const Case cases[] = {
-        {"plain names", {.plainNames = true}, "SET /MEDIA/NAMES/VIDEO.O1=A;B\nGET /MEDIA/NAMES/VIDEO.O1\n",
-            "pw /MEDIA/NAMES/VIDEO.O1=A;B\npw /MEDIA/NAMES/VIDEO.O1=A;B\n"},
-        {"no locks", {.omitLocks = true}, "GET /MEDIA/XP/VIDEO.DestinationPortStatus\n",
-            "pE /MEDIA/XP/VIDEO.DestinationPortStatus %E002:Not exists\n"},
-        {"no lock methods", {.omitLocks = true}, "CALL /MEDIA/XP/VIDEO:lockDestination(O1)\n",
-            "mE /MEDIA/XP/VIDEO:lockDestination %E002:Not exists\n"},
-        {"trailing semicolon", {.trailingSemicolon = true},
-            "GET /MEDIA/XP/VIDEO.DestinationConnectionStatus\n",
-            "pr /MEDIA/XP/VIDEO.DestinationConnectionStatus=I1;I2;\n"},
-        {"no result", {.callResult = ""}, "CALL /MEDIA/XP/VIDEO:switch(I1:O1)\n",
-            "mO /MEDIA/XP/VIDEO:switch\n"},
-        {"bare result", {.callResult = "="}, "CALL /MEDIA/XP/VIDEO:switch(I1:O1)\n",
-            "mO /MEDIA/XP/VIDEO:switch=\n"},
-        {"another error", {.errorPrefix = "mF", .omitErrorCodes = true}, "GET /.Nothing\n",
-            "mF /.Nothing Not exists\n"},
-        {"change inside", {.changesInsideBlock = true}, openAndTake,
-            "o- /MEDIA/XP/VIDEO\n{0001\nmO /MEDIA/XP/VIDEO:switch=OK\n"
-            "CHG /MEDIA/XP/VIDEO.DestinationConnectionStatus=I1;I3\n}\n"},
-    };
-    RawClient client(device);
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
-        device.quirks() = c.quirks;
-        expectAnswer(client, c.sent, c.heard);
-    }
-}
-
-TEST_F(LW3EmulatorTest, CanTellEachChangeManyTimes)
-{
-    device.quirks().changeRepeats = 100;
-    RawClient client(device);
-    expectAnswer(client, openAndTake,
-        "o- /MEDIA/XP/VIDEO\n{0001\nmO /MEDIA/XP/VIDEO:switch=OK\n}\n" + QByteArray(routesNow).repeated(100));
-}
-
-TEST_F(LW3EmulatorTest, RefusesOrNeglectsCommandsAsTold)
-{
-    device.faults().refuseNext = 2;
-    RawClient client(device);
-    expectAnswer(client, "GET /.SerialNumber\n", "pr /.SerialNumber=00004711\n");
-    expectAnswer(client, take, "{0001\nmE /MEDIA/XP/VIDEO:switch %E006:Access denied\n}\n");
-    expectAnswer(client, "SET /MEDIA/NAMES/VIDEO.I1=1;A\n", "pE /MEDIA/NAMES/VIDEO.I1 %E006:Access denied\n");
-    device.faults().acknowledgeOnly = true;
-    expectAnswer(client, take, "{0001\nmO /MEDIA/XP/VIDEO:switch=OK\n}\n");
-    expectAnswer(client, "SET /MEDIA/NAMES/VIDEO.I1=1;A\n", "pw /MEDIA/NAMES/VIDEO.I1=1;A\n");
-    EXPECT_EQ(matrix.source(0, 1), 1);
-    EXPECT_EQ(matrix.label(Side::Source, 0), u"Input 1"_s);
-    EXPECT_THAT(
-        device.receivedMessages(), testing::Contains("0001#CALL /MEDIA/XP/VIDEO:switch(I3:O2)").Times(2));
 }
 
 } // namespace

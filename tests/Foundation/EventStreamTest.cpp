@@ -128,6 +128,36 @@ TEST(EventStream, LetsOthersHaveATurnAlsoWhileItDropsABacklog)
     EXPECT_EQ(watched.use_count(), 1);
 }
 
+TEST(EventStream, AsksAProducerThatCanPauseToDoSoUntilTheBacklogHasHalved)
+{
+    constexpr auto limit = EventStream<int>::longBacklog;
+    ManualQueue queue;
+    const EventStream<int> stream;
+    std::size_t seen = 0;
+    std::vector<std::size_t> resumedAt;
+    const auto mustPause = [&] { return stream.callWhenShrunk([&] { resumedAt.push_back(seen); }); };
+    for (std::size_t i = 1; i < limit; ++i)
+        stream.yield(0);
+    EXPECT_FALSE(mustPause());
+    stream.yield(std::vector{0});
+    EXPECT_TRUE(mustPause());
+    EXPECT_TRUE(mustPause());
+    stream.consume(queue, {}, [&](int) { ++seen; });
+    EXPECT_TRUE(resumedAt.empty());
+    queue.runReady();
+    ASSERT_EQ(resumedAt.size(), 1U);
+    EXPECT_NEAR(static_cast<double>(resumedAt.front()), limit / 2.0, 2000);
+    EXPECT_EQ(seen, limit);
+    EXPECT_FALSE(mustPause());
+
+    stream.yield(std::vector<int>(limit));
+    EXPECT_TRUE(mustPause());
+    stream.finish();
+    EXPECT_FALSE(mustPause());
+    queue.runReady();
+    EXPECT_EQ(resumedAt.size(), 1U);
+}
+
 TEST(EventStream, KeepsEventsThatTheHandlerItselfYields)
 {
     ManualQueue queue;

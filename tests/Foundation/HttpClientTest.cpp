@@ -54,7 +54,7 @@ protected:
 
     ManualQueue queue;
     LoopbackHttpServer server;
-    NetworkHttpClient client{queue, {.time = 8s, .bodySize = bodyLimit}};
+    HttpClient client{queue, {.time = 8s, .bodySize = bodyLimit}};
     std::vector<HttpReply> replies;
     std::vector<std::string> failures;
 };

@@ -18,6 +18,8 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class JsonFileTest : public testing::Test {
@@ -25,7 +27,7 @@ protected:
     static JsonFile fileAt(
         const QString& path, JsonFile::MovedAside wording = JsonFile::MovedAside::namesTheCopy)
     {
-        return JsonFile(path, QStringLiteral("LabelStore"), wording);
+        return JsonFile(path, u"LabelStore"_s, wording);
     }
 
     static void save(const JsonFile& file, const QString& content)
@@ -48,8 +50,8 @@ protected:
     }
 
     TemporaryFolder m_folder;
-    const QString m_path = m_folder.path(QStringLiteral("labels.json"));
-    const QString m_corruptPath = m_path + QStringLiteral(".corrupt");
+    const QString m_path = m_folder.path(u"labels.json"_s);
+    const QString m_corruptPath = m_path + u".corrupt"_s;
     const JsonFile m_file = fileAt(m_path);
     QStringList m_content;
 };
@@ -62,14 +64,14 @@ TEST_F(JsonFileTest, StartsEmptyAndSaysNothingWhenThereIsNoFile)
 
 TEST_F(JsonFileTest, LoadsWhatItSavedAndMakesTheFoldersForIt)
 {
-    const auto file = fileAt(m_folder.path(QStringLiteral("a/b/labels.json")));
+    const auto file = fileAt(m_folder.path(u"a/b/labels.json"_s));
     EXPECT_EQ(printedBy([&] {
-        save(file, QStringLiteral("old"));
-        save(file, QStringLiteral("Cam 1"));
+        save(file, u"old"_s);
+        save(file, u"Cam 1"_s);
         EXPECT_EQ(load(file), JsonFile::Loaded::complete);
     }),
         "");
-    EXPECT_EQ(m_content, QStringList(QStringLiteral("Cam 1")));
+    EXPECT_EQ(m_content, QStringList(u"Cam 1"_s));
     EXPECT_EQ(readFile(file.path()), "[\"Cam 1\"]");
 }
 
@@ -79,7 +81,7 @@ TEST_F(JsonFileTest, MovesABadFileAsideInPlaceOfAnEarlierOne)
     writeFile(m_path, R"(["a")");
     EXPECT_EQ(printedBy([&] { EXPECT_EQ(load(m_file), JsonFile::Loaded::movedAside); }),
         "LabelStore: unreadable labels.json moved to labels.json.corrupt — not JSON at byte 5\n");
-    EXPECT_EQ(m_folder.names(), QStringList(QStringLiteral("labels.json.corrupt")));
+    EXPECT_EQ(m_folder.names(), QStringList(u"labels.json.corrupt"_s));
     EXPECT_EQ(readFile(m_corruptPath), R"(["a")");
     EXPECT_EQ(m_content, QStringList());
 }
@@ -102,32 +104,30 @@ TEST_F(JsonFileTest, MovesAsideWhateverElseStandsInTheFilesPlace)
     // Reading a pipe that nobody writes to would never end.
     ASSERT_EQ(::mkfifo(qPrintable(m_path), 0600), 0);
     EXPECT_EQ(printedBy([&] { EXPECT_EQ(load(m_file), JsonFile::Loaded::movedAside); }), line);
-    EXPECT_EQ(m_folder.names(), QStringList(QStringLiteral("labels.json.corrupt")));
+    EXPECT_EQ(m_folder.names(), QStringList(u"labels.json.corrupt"_s));
 }
 
 TEST_F(JsonFileTest, PrintsItsLineAlsoWhenTheBadFileCantBeMovedAndReplacesItAtTheNextSave)
 {
-    ASSERT_TRUE(QDir().mkpath(m_corruptPath + QStringLiteral("/holding something")));
+    ASSERT_TRUE(QDir().mkpath(m_corruptPath + u"/holding something"_s));
     writeFile(m_path, "bad");
     EXPECT_EQ(printedBy([&] { EXPECT_EQ(load(m_file), JsonFile::Loaded::movedAside); }),
         "LabelStore: unreadable labels.json moved to labels.json.corrupt — not JSON at byte 1\n");
     EXPECT_EQ(readFile(m_path), "bad");
-    save(m_file, QStringLiteral("new"));
+    save(m_file, u"new"_s);
     EXPECT_EQ(readFile(m_path), "[\"new\"]");
 }
 
 TEST_F(JsonFileTest, SurvivesASaveIntoAPlaceThatCantBe)
 {
-    writeFile(m_folder.path(QStringLiteral("file")), "not a folder");
-    const auto below = fileAt(m_folder.path(QStringLiteral("file/labels.json")));
+    writeFile(m_folder.path(u"file"_s), "not a folder");
+    const auto below = fileAt(m_folder.path(u"file/labels.json"_s));
     EXPECT_EQ(printedBy([&] { EXPECT_EQ(load(below), JsonFile::Loaded::missing); }), "");
-    EXPECT_EQ(
-        printedBy([&] { save(below, QStringLiteral("x")); }), "LabelStore: save failed — Not a directory\n");
+    EXPECT_EQ(printedBy([&] { save(below, u"x"_s); }), "LabelStore: save failed — Not a directory\n");
 
     ASSERT_TRUE(QDir().mkdir(m_path));
-    EXPECT_EQ(
-        printedBy([&] { save(m_file, QStringLiteral("x")); }), "LabelStore: save failed — Is a directory\n");
-    EXPECT_EQ(m_folder.names(), (QStringList{QStringLiteral("file"), QStringLiteral("labels.json")}));
+    EXPECT_EQ(printedBy([&] { save(m_file, u"x"_s); }), "LabelStore: save failed — Is a directory\n");
+    EXPECT_EQ(m_folder.names(), (QStringList{u"file"_s, u"labels.json"_s}));
 }
 
 /// No file may grow beyond this many bytes while it lives; what a full disk looks like to the writer.
@@ -152,19 +152,19 @@ private:
 
 TEST_F(JsonFileTest, KeepsTheOldFileWhenTheDiskIsFull)
 {
-    save(m_file, QStringLiteral("old"));
+    save(m_file, u"old"_s);
     const auto printed = printedBy([&] {
         const FileSizeLimit limit(5000);
         save(m_file, QString(20'000, u'x'));
     });
     EXPECT_EQ(printed, "LabelStore: save failed — File too large\n");
     EXPECT_EQ(readFile(m_path), "[\"old\"]");
-    EXPECT_EQ(m_folder.names(), QStringList(QStringLiteral("labels.json")));
+    EXPECT_EQ(m_folder.names(), QStringList(u"labels.json"_s));
 }
 
 TEST_F(JsonFileTest, KeepsTheOldFileWhenTheContentCantBeWritten)
 {
-    save(m_file, QStringLiteral("old"));
+    save(m_file, u"old"_s);
     const auto printed = printedBy([&] { m_file.save([](JsonWriter&) { throw std::runtime_error("no"); }); });
     EXPECT_EQ(printed, "LabelStore: save failed — no\n");
     EXPECT_EQ(readFile(m_path), "[\"old\"]");
@@ -172,14 +172,14 @@ TEST_F(JsonFileTest, KeepsTheOldFileWhenTheContentCantBeWritten)
 
 TEST_F(JsonFileTest, KeepsALinkAndWritesWhereItPoints)
 {
-    ASSERT_TRUE(QDir(m_folder.path()).mkpath(QStringLiteral("elsewhere")));
-    const auto real = m_folder.path(QStringLiteral("elsewhere/real.json"));
+    ASSERT_TRUE(QDir(m_folder.path()).mkpath(u"elsewhere"_s));
+    const auto real = m_folder.path(u"elsewhere/real.json"_s);
     // A chain, the second link relative, and nothing yet at its end.
-    ASSERT_TRUE(QFile::link(QStringLiteral("second"), m_path));
-    ASSERT_TRUE(QFile::link(QStringLiteral("elsewhere/real.json"), m_folder.path(QStringLiteral("second"))));
+    ASSERT_TRUE(QFile::link(u"second"_s, m_path));
+    ASSERT_TRUE(QFile::link(u"elsewhere/real.json"_s, m_folder.path(u"second"_s)));
     EXPECT_EQ(load(m_file), JsonFile::Loaded::missing);
-    save(m_file, QStringLiteral("one"));
-    save(m_file, QStringLiteral("two"));
+    save(m_file, u"one"_s);
+    save(m_file, u"two"_s);
     EXPECT_TRUE(QFileInfo(m_path).isSymLink());
     EXPECT_EQ(readFile(real), "[\"two\"]");
     EXPECT_EQ(load(m_file), JsonFile::Loaded::complete);
@@ -191,10 +191,10 @@ TEST_F(JsonFileTest, KeepsPermissionsAndMakesNewFilesPrivate)
         struct stat status { };
         return ::stat(qPrintable(path), &status) == 0 ? status.st_mode & 07777U : 0U;
     };
-    save(m_file, QStringLiteral("new"));
+    save(m_file, u"new"_s);
     EXPECT_EQ(mode(m_path), 0600U);
     ASSERT_EQ(::chmod(qPrintable(m_path), 0664), 0);
-    save(m_file, QStringLiteral("newer"));
+    save(m_file, u"newer"_s);
     EXPECT_EQ(mode(m_path), 0664U);
 }
 
@@ -233,7 +233,7 @@ TEST_F(JsonFileTest, LeavesTheOldOrTheNewContentWholeWheneverItIsKilled)
         ASSERT_TRUE(text == contents[0] || text == contents[1]) << "round " << round << ": " << text.size();
         leftBehind += m_folder.names().size() > 1;
         ASSERT_EQ(m_file.load([](const QByteArray&) {}), JsonFile::Loaded::complete);
-        ASSERT_EQ(m_folder.names(), QStringList(QStringLiteral("labels.json")));
+        ASSERT_EQ(m_folder.names(), QStringList(u"labels.json"_s));
     }
     EXPECT_GT(leftBehind, 0) << "no kill ever came in the middle of a save";
 }
@@ -255,14 +255,14 @@ private:
 TEST(DataFolder, IsTheUsersOwnAndTheTemporaryFolderWhereThatCantBeHad)
 {
     const TemporaryFolder folder;
-    writeFile(folder.path(QStringLiteral("file")), "not a folder");
+    writeFile(folder.path(u"file"_s), "not a folder");
     {
-        const EnvironmentVariable home("XDG_DATA_HOME", folder.path(QStringLiteral("a/b")).toUtf8());
-        EXPECT_EQ(dataFolder(), folder.path(QStringLiteral("a/b/Corvane")));
-        EXPECT_TRUE(QFileInfo(folder.path(QStringLiteral("a/b"))).isDir());
+        const EnvironmentVariable home("XDG_DATA_HOME", folder.path(u"a/b"_s).toUtf8());
+        EXPECT_EQ(dataFolder(), folder.path(u"a/b/Corvane"_s));
+        EXPECT_TRUE(QFileInfo(folder.path(u"a/b"_s)).isDir());
     }
-    const EnvironmentVariable home("XDG_DATA_HOME", folder.path(QStringLiteral("file/b")).toUtf8());
-    EXPECT_EQ(dataFolder(), QDir::tempPath() + QStringLiteral("/Corvane"));
+    const EnvironmentVariable home("XDG_DATA_HOME", folder.path(u"file/b"_s).toUtf8());
+    EXPECT_EQ(dataFolder(), QDir::tempPath() + u"/Corvane"_s);
 }
 
 } // namespace

@@ -18,135 +18,123 @@ namespace corvane {
 namespace {
 
 using namespace std::chrono_literals;
-using Role = ProfileLock::Role;
+using namespace Qt::StringLiterals;
+using Claim = ProfileLock::Claim;
+
+const Claim owned = ProfileLock::Owned{};
+const Claim ownerAnswered = ProfileLock::OwnerAnswered{};
+
+Claim ownerSilent(std::optional<qint64> processID)
+{
+    return ProfileLock::OwnerSilent{processID};
+}
 
 class ProfileLockTest : public testing::Test {
 protected:
-    void SetUp() override { qputenv("XDG_RUNTIME_DIR", m_runtime.path().toUtf8()); }
-    void TearDown() override { qunsetenv("XDG_RUNTIME_DIR"); }
-
-    /// Whether the owner hears of a latecomer that asks.
-    static bool hears(ProfileLock& owner, const ProfileLock& latecomer)
+    /// What a copy that starts on `folder` gets while the owner's event loop runs, and how often that owner
+    /// heard of it.
+    static std::pair<Claim, int> startBeside(ProfileLock& owner, const QString& folder)
     {
-        bool heard = false;
+        int heard = 0;
         // Ends with this call: the owner goes on hearing of others.
         const QObject listener;
-        QObject::connect(&owner, &ProfileLock::cameAnother, &listener, [&] { heard = true; });
-        return latecomer.askOwnerToComeForward() && pumpUntil([&] { return heard; });
+        QObject::connect(&owner, &ProfileLock::cameAnother, &listener, [&] { ++heard; });
+        std::atomic<bool> isOver = false;
+        Claim claim;
+        {
+            const std::jthread later([&] {
+                claim = ProfileLock(folder).claim(1min);
+                isOver = true;
+            });
+            EXPECT_TRUE(pumpUntil([&] { return isOver.load(); }));
+        }
+        return {claim, heard};
     }
 
-    TemporaryFolder m_runtime;
+    /// A process that owns the folder and then hangs.
+    [[nodiscard]] pid_t forkHangingOwner() const
+    {
+        std::array<int, 2> pipe{};
+        EXPECT_EQ(::pipe(pipe.data()), 0);
+        const auto owner = ::fork();
+        if (owner == 0) {
+            ProfileLock lock(m_folder);
+            const char answer = lock.claim(0ms) == owned ? 'o' : 'l';
+            if (::write(pipe[1], &answer, 1) == 1)
+                ::pause();
+            ::_exit(0);
+        }
+        char answer = 0;
+        EXPECT_EQ(::read(pipe[0], &answer, 1), 1);
+        EXPECT_EQ(answer, 'o');
+        ::close(pipe[0]);
+        ::close(pipe[1]);
+        return owner;
+    }
+
     TemporaryFolder m_place;
-    const QString m_folder = m_place.path(QStringLiteral("deep/Corvane"));
+    // Far longer than the path of a socket may be.
+    const QString m_folder = m_place.path(QString(150, u'd') + u"/Corvane"_s);
 };
 
-TEST_F(ProfileLockTest, GivesTheFolderToTheFirstWhoThenHearsOfTheOthers)
+TEST_F(ProfileLockTest, GivesTheFolderToTheFirstWhoThenHearsOfTheOthersWhateverWayTheyCome)
 {
     ProfileLock first(m_folder);
-    EXPECT_EQ(first.claim(), Role::owner);
-    for (int i = 0; i < 2; ++i) {
-        ProfileLock later(m_folder);
-        EXPECT_EQ(later.claim(), Role::latecomer);
-        EXPECT_TRUE(hears(first, later));
-    }
+    EXPECT_EQ(first.claim(0ms), owned);
+    ASSERT_TRUE(QFile::link(m_folder, m_place.path(u"link"_s)));
+    for (const auto& way : {m_folder, m_folder, m_place.path(u"other/../link/"_s)})
+        EXPECT_EQ(startBeside(first, way), std::pair(ownerAnswered, 1));
 }
 
 TEST_F(ProfileLockTest, PassesTheFolderOnAndLeavesNothingInIt)
 {
-    {
-        ProfileLock first(m_folder);
-        EXPECT_EQ(first.claim(), Role::owner);
-    }
-    ProfileLock next(m_folder);
-    EXPECT_EQ(next.claim(), Role::owner);
-    EXPECT_EQ(
-        QDir(m_folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), QStringList());
+    EXPECT_EQ(ProfileLock(m_folder).claim(0ms), owned);
+    EXPECT_EQ(QDir(m_folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot),
+        QStringList());
+    EXPECT_EQ(ProfileLock(m_folder).claim(0ms), owned);
 }
 
 TEST_F(ProfileLockTest, LetsCopiesOnDifferentFoldersRunSideBySide)
 {
+    const auto other = m_place.path(u"other"_s);
     ProfileLock here(m_folder);
-    ProfileLock there(m_place.path(QStringLiteral("other")));
-    EXPECT_EQ(here.claim(), Role::owner);
-    EXPECT_EQ(there.claim(), Role::owner);
-    ProfileLock later(m_place.path(QStringLiteral("other")));
-    EXPECT_EQ(later.claim(), Role::latecomer);
-    EXPECT_TRUE(hears(there, later));
+    ProfileLock there(other);
+    EXPECT_EQ(here.claim(0ms), owned);
+    EXPECT_EQ(there.claim(0ms), owned);
+    EXPECT_EQ(startBeside(there, other), std::pair(ownerAnswered, 1));
 }
 
-TEST_F(ProfileLockTest, KnowsTheFolderByWhateverWayItIsReached)
+TEST_F(ProfileLockTest, NamesAnOwnerThatHangsAndReplacesItTheMomentItIsKilled)
 {
-    ProfileLock first(m_folder);
-    EXPECT_EQ(first.claim(), Role::owner);
-    ASSERT_TRUE(QFile::link(m_folder, m_place.path(QStringLiteral("link"))));
-    ProfileLock later(m_place.path(QStringLiteral("deep/../link/")));
-    EXPECT_EQ(later.claim(), Role::latecomer);
-    EXPECT_TRUE(hears(first, later));
-}
-
-TEST_F(ProfileLockTest, KeepsNobodyOutOnceTheOwnerWasKilled)
-{
-    std::array<int, 2> pipe{};
-    ASSERT_EQ(::pipe(pipe.data()), 0);
-    const auto owner = ::fork();
-    ASSERT_GE(owner, 0);
-    if (owner == 0) {
-        ProfileLock lock(m_folder);
-        const char role = lock.claim() == Role::owner ? 'o' : 'l';
-        if (::write(pipe[1], &role, 1) == 1)
-            ::pause();
-        ::_exit(0);
-    }
-    char role = 0;
-    ASSERT_EQ(::read(pipe[0], &role, 1), 1);
-    EXPECT_EQ(role, 'o');
-    {
-        ProfileLock later(m_folder);
-        EXPECT_EQ(later.claim(), Role::latecomer);
-        EXPECT_TRUE(later.askOwnerToComeForward());
-    }
-    ::kill(owner, SIGKILL);
-    ::waitpid(owner, nullptr, 0);
-
+    const auto owner = forkHangingOwner();
     ProfileLock next(m_folder);
-    EXPECT_EQ(next.claim(), Role::owner);
-    ProfileLock later(m_folder);
-    EXPECT_EQ(later.claim(), Role::latecomer);
-    EXPECT_TRUE(hears(next, later));
+    EXPECT_EQ(next.claim(0ms), ownerSilent(owner));
+    {
+        const std::jthread killer([owner] { ::kill(owner, SIGKILL); });
+        EXPECT_EQ(next.claim(1min), owned);
+    }
+    ::waitpid(owner, nullptr, 0);
+    EXPECT_EQ(startBeside(next, m_folder), std::pair(ownerAnswered, 1));
 }
 
 TEST_F(ProfileLockTest, HandsTheFolderToWhoeverComesWhileTheOwnerEnds)
 {
     auto ending = std::make_unique<ProfileLock>(m_folder);
-    EXPECT_EQ(ending->claim(), Role::owner);
-    ProfileLock early(m_folder);
-    EXPECT_EQ(early.claimOrCallOwner(0ms), Role::latecomer);
+    EXPECT_EQ(ending->claim(0ms), owned);
     ending->stopListening();
     ProfileLock later(m_folder);
-    EXPECT_EQ(later.claimOrCallOwner(0ms), std::nullopt);
+    EXPECT_EQ(later.claim(0ms), ownerSilent(std::nullopt));
     {
         const std::jthread end([&] { ending.reset(); });
-        EXPECT_EQ(later.claimOrCallOwner(1min), Role::owner);
+        EXPECT_EQ(later.claim(1min), owned);
     }
-    EXPECT_EQ(early.claim(), Role::latecomer);
-    EXPECT_TRUE(hears(later, early));
+    EXPECT_EQ(startBeside(later, m_folder), std::pair(ownerAnswered, 1));
 }
 
 TEST_F(ProfileLockTest, OwnsAFolderThatCantBeLocked)
 {
-    writeFile(m_place.path(QStringLiteral("file")), "not a folder");
-    ProfileLock lock(m_place.path(QStringLiteral("file/Corvane")));
-    EXPECT_EQ(lock.claim(), Role::owner);
-}
-
-TEST_F(ProfileLockTest, TellsALatecomerWhenTheOwnerDoesNotListen)
-{
-    qputenv("XDG_RUNTIME_DIR", m_runtime.path(QString(200, u'x')).toUtf8());
-    ProfileLock first(m_folder);
-    EXPECT_EQ(first.claim(), Role::owner);
-    ProfileLock later(m_folder);
-    EXPECT_EQ(later.claim(), Role::latecomer);
-    EXPECT_FALSE(later.askOwnerToComeForward());
+    writeFile(m_place.path(u"file"_s), "not a folder");
+    EXPECT_EQ(ProfileLock(m_place.path(u"file/Corvane"_s)).claim(0ms), owned);
 }
 
 } // namespace

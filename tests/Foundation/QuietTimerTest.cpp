@@ -51,6 +51,33 @@ TEST_F(QuietTimerTest, KeepsOneItemWaitingHoweverOftenItIsRestarted)
     EXPECT_EQ(queue.waitingCount(), 1U);
 }
 
+TEST(QuietTimer, CallsAtItsLimitThoughItNeverFallsQuiet)
+{
+    ManualQueue queue;
+    int calls = 0;
+    QuietTimer timer(
+        queue, 1200ms, [&] { ++calls; }, 5s);
+    const auto keepBusy = [&](int times) {
+        for (int i = 0; i < times; ++i) {
+            timer.restart();
+            queue.advance(1s);
+        }
+    };
+    keepBusy(4);
+    timer.restart();
+    queue.advance(999ms);
+    EXPECT_EQ(calls, 0);
+    queue.advance(1ms);
+    EXPECT_EQ(calls, 1);
+    // The next restart is a first one again, after a call as after a cancellation.
+    keepBusy(4);
+    timer.cancel();
+    keepBusy(4);
+    EXPECT_EQ(calls, 1);
+    queue.advance(200ms);
+    EXPECT_EQ(calls, 2);
+}
+
 TEST(QuietTimer, MayBeDestroyedWhileWaitingAndWhileCalling)
 {
     ManualQueue queue;

@@ -11,6 +11,8 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using namespace std::chrono_literals;
@@ -48,7 +50,7 @@ TEST(MainQueue, LetsTheEventLoopInBetweenTurns)
 TEST(ThreadQueue, RunsOnItsOwnThreadAndHopsBothWays)
 {
     MainQueue main;
-    ThreadQueue queue(QStringLiteral("test.queue"));
+    ThreadQueue queue(u"test.queue"_s);
     EXPECT_FALSE(queue.isCurrent());
     bool wasOnQueue = false;
     queue.sync([&] { wasOnQueue = queue.isCurrent() && !main.isCurrent(); });
@@ -62,7 +64,7 @@ TEST(ThreadQueue, RunsOnItsOwnThreadAndHopsBothWays)
 
 TEST(ThreadQueue, KeepsTheOrderOfEachOfManyCallers)
 {
-    ThreadQueue queue(QStringLiteral("test.queue"));
+    ThreadQueue queue(u"test.queue"_s);
     constexpr int callers = 4;
     constexpr int calls = 2000;
     std::array<int, callers> last{};
@@ -84,7 +86,7 @@ TEST(ThreadQueue, KeepsTheOrderOfEachOfManyCallers)
 
 TEST(ThreadQueue, RunsTimedItemsInOrderOfTheirDeadlines)
 {
-    ThreadQueue queue(QStringLiteral("test.queue"));
+    ThreadQueue queue(u"test.queue"_s);
     QSemaphore done;
     std::vector<int> seen;
     queue.sync([&] {
@@ -103,7 +105,7 @@ TEST(ThreadQueue, RunsWhatIsQueuedBeforeItEnds)
 {
     int runs = 0;
     {
-        ThreadQueue queue(QStringLiteral("test.queue"));
+        ThreadQueue queue(u"test.queue"_s);
         for (int i = 0; i < 1000; ++i)
             queue.async([&] { ++runs; });
         queue.after(1h, [&] { runs = -1; });
@@ -119,7 +121,7 @@ TEST(ThreadQueue, EndsOnItsOwnThreadWhateverStillWaits)
     });
     const auto held = std::make_shared<int>(0);
     {
-        ThreadQueue queue(QStringLiteral("test.queue"));
+        ThreadQueue queue(u"test.queue"_s);
         queue.after(1h, [held] {});
         // The queue comes to this one only when it is told to end.
         queue.async([&queue, held] { queue.async([&queue, held] { queue.after(1h, [held] {}); }); });

@@ -2,19 +2,24 @@
 #include "Foundation/EventLoopQueue.h"
 #include "support/ManualQueue.h"
 #include "support/Pump.h"
+#include "support/Sockets.h"
 
 #include <QTcpServer>
 #include <QTcpSocket>
 
 #include <gtest/gtest.h>
 
+#include <sys/socket.h>
+
 namespace corvane {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
 using namespace std::chrono_literals;
 
-const auto refused = QStringLiteral("Connection refused");
+const auto refused = u"Connection refused"_s;
 
 std::shared_ptr<void> noService(const ServiceEndpoint&, const std::function<void(ServiceResolution)>&)
 {
@@ -34,7 +39,7 @@ protected:
         connection->start();
     }
 
-    HostEndpoint here() const { return {QStringLiteral("127.0.0.1"), server.serverPort()}; }
+    HostEndpoint here() const { return {u"127.0.0.1"_s, server.serverPort()}; }
 
     void read()
     {
@@ -84,16 +89,28 @@ TEST_F(TcpConnectionTest, CarriesBytesBothWaysInOrder)
     EXPECT_EQ(states, (std::vector<TcpConnection::State>{TcpConnection::Ready{}}));
 }
 
-TEST_F(TcpConnectionTest, DeliversEveryByteBeforeTheEndOfTheStream)
+TEST_F(TcpConnectionTest, DeliversEveryByteBeforeTheEndOfTheStreamAndTellsACloseFromAReset)
 {
-    open(here());
-    auto* const peer = accept();
-    peer->write(QByteArray(300'000, 'x'));
-    peer->disconnectFromHost();
-    EXPECT_TRUE(pump([&] { return !ends.empty(); }));
-    EXPECT_EQ(received.size(), 300'000);
-    EXPECT_TRUE(ends.front().isComplete);
-    EXPECT_FALSE(ends.front().error);
+    struct Row {
+        std::function<void(QTcpSocket&)> end;
+        // A reset takes along what the peer's system still keeps back.
+        qsizetype size;
+        std::optional<QString> error;
+    };
+    for (const auto& [end, size, error] : {Row{&QTcpSocket::disconnectFromHost, 300'000, std::nullopt},
+             Row{&reset, 1000, u"Connection reset by peer"_s}}) {
+        received.clear();
+        ends.clear();
+        open(here());
+        auto* const peer = accept();
+        peer->write(QByteArray(size, 'x'));
+        EXPECT_TRUE(pump([&] { return peer->bytesToWrite() == 0; }));
+        end(*peer);
+        EXPECT_TRUE(pump([&] { return !ends.empty(); }));
+        EXPECT_EQ(received.size(), size);
+        EXPECT_EQ(ends.front().isComplete, !error);
+        EXPECT_EQ(ends.front().error, error);
+    }
 }
 
 TEST_F(TcpConnectionTest, WaitsForAPeerThatRefusesAndConnectsOnceItIsThere)
@@ -161,40 +178,50 @@ TEST_F(TcpConnectionTest, DroppingItClosesThePeersEnd)
 
 TEST_F(TcpConnectionTest, FindsAServiceAnewAtEachAttempt)
 {
-    const ServiceEndpoint service{
-        QStringLiteral("Hub"), QStringLiteral("_videohub._tcp"), QStringLiteral("local.")};
+    const ServiceEndpoint service{u"Hub"_s, u"_videohub._tcp"_s, u"local."_s};
     int searches = 0;
     open(service, [&](const ServiceEndpoint& wanted, const std::function<void(ServiceResolution)>& done) {
         EXPECT_EQ(wanted, service);
-        done(++searches == 1 ? ServiceResolution(QStringLiteral("not yet")) : ServiceResolution(here()));
+        done(++searches == 1 ? ServiceResolution(u"not yet"_s) : ServiceResolution(here()));
         return std::make_shared<int>();
     });
     EXPECT_TRUE(pump([&] { return !states.empty(); }));
-    EXPECT_EQ(states.front(), TcpConnection::State(TcpConnection::Waiting{QStringLiteral("not yet")}));
+    EXPECT_EQ(states.front(), TcpConnection::State(TcpConnection::Waiting{u"not yet"_s}));
     queue.advance(1s);
     EXPECT_TRUE(pump([&] { return connection->isReady(); }));
 }
 
-TEST_F(TcpConnectionTest, AReaderThatDoesNotAskSlowsThePeerDown)
+TEST_F(TcpConnectionTest, AReaderThatDoesNotAskOrPausesSlowsThePeerDown)
 {
-    connection = TcpConnection::make(here(), queue, noService);
-    connection->start();
-    auto* const peer = accept();
-    constexpr qint64 tooMuchForAnyKernelBuffer = 64'000'000;
-    peer->write(QByteArray(tooMuchForAnyKernelBuffer, 'x'));
-    pumpUntilIdle({&queue});
-    EXPECT_GT(peer->bytesToWrite(), tooMuchForAnyKernelBuffer / 4);
-    read();
-    EXPECT_TRUE(pump([&] { return received.size() == tooMuchForAnyKernelBuffer; }));
+    for (const bool asks : {false, true}) {
+        received.clear();
+        connection = TcpConnection::make(here(), queue, noService);
+        connection->start();
+        auto* const peer = accept();
+        if (asks) {
+            read();
+            connection->pauseReading();
+        }
+        constexpr qint64 tooMuchForAnyKernelBuffer = 64'000'000;
+        peer->write(QByteArray(tooMuchForAnyKernelBuffer, 'x'));
+        pumpUntilIdle({&queue});
+        EXPECT_GT(peer->bytesToWrite(), tooMuchForAnyKernelBuffer / 4);
+        EXPECT_EQ(received.size(), 0);
+        if (asks)
+            connection->resumeReading();
+        else
+            read();
+        EXPECT_TRUE(pump([&] { return received.size() == tooMuchForAnyKernelBuffer; }));
+    }
 }
 
 TEST(TcpConnection, WorksFromAnotherThreadThanItsQueue)
 {
     QTcpServer server;
     ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
-    ThreadQueue queue(QStringLiteral("test.tcp"));
+    ThreadQueue queue(u"test.tcp"_s);
     const auto connection =
-        TcpConnection::make(HostEndpoint{QStringLiteral("127.0.0.1"), server.serverPort()}, queue, noService);
+        TcpConnection::make(HostEndpoint{u"127.0.0.1"_s, server.serverPort()}, queue, noService);
     QByteArray received;
     bool ended = false;
     std::function<void()> read = [&] {

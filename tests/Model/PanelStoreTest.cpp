@@ -1,6 +1,5 @@
 #include "Model/PanelStore.h"
 #include "support/Files.h"
-#include "support/SpoiltFiles.h"
 
 #include <gtest/gtest.h>
 
@@ -119,18 +118,6 @@ TEST_F(PanelStoreTest, ClearsTheActivePanelWhenToldSo)
     EXPECT_EQ(m_store.activePanelID(router), std::nullopt);
 }
 
-TEST_F(PanelStoreTest, ForgetsARouterAndNoOther)
-{
-    m_store.upsert(m_a, otherRouter);
-    m_store.setActivePanelID(m_a.id, otherRouter);
-    m_store.setActivePanelID(m_a.id, router);
-    m_store.removeConnection(router);
-    EXPECT_TRUE(m_store.panels(router).isEmpty());
-    EXPECT_EQ(m_store.activePanelID(router), std::nullopt);
-    EXPECT_EQ(m_store.panels(otherRouter), QList{m_a});
-    EXPECT_EQ(m_store.activePanelID(otherRouter), m_a.id);
-}
-
 TEST(PanelStoreFile, IsBadAsAWholeWhenAnythingInItIsBad)
 {
     struct Case {
@@ -154,16 +141,6 @@ TEST(PanelStoreFile, IsBadAsAWholeWhenAnythingInItIsBad)
             c.error ? "PanelStore: unreadable panels.json moved aside — " + std::string(c.error) + "\n" : "";
         EXPECT_EQ(printedBy([&] { const PanelStore store(folder.path()); }), line) << c.text;
     }
-}
-
-TEST(PanelStoreFile, IsWholeOrMovedAsideHoweverItIsSpoilt)
-{
-    expectWholeOrMovedAside({u"panels.json"_s,
-        R"({"panels":{"7A1F0C52-0F6B-4F9E-9C55-1C0E51B1D0AA":[{"id":"51C6C6F2-8A3D-4B52-B1AF-0C3A7D0E9E11",)"
-        R"("name":"Studio A","sourceIndices":[0,1,4],"destinationIndices":[2,3]}]},)"
-        R"("active":{"7A1F0C52-0F6B-4F9E-9C55-1C0E51B1D0AA":"51C6C6F2-8A3D-4B52-B1AF-0C3A7D0E9E11"}})",
-        R"({"panels":{},"active":{}})",
-        [](const QString& folder) { PanelStore(folder).removeConnection(QUuid()); }});
 }
 
 } // namespace

@@ -30,9 +30,9 @@ private:
 TEST_F(SystemAppearanceTest, TheColoursFollowTheSystemsWindows)
 {
     setWindows(Qt::white, Qt::black);
-    const GlassKit kit;
+    const GlassKit kit{nullptr};
     EXPECT_FALSE(kit.isDark());
-    EXPECT_EQ(kit.window(), GlassPalette::light().window);
+    EXPECT_EQ(kit.palette().window, GlassPalette::light().window);
 
     testing::MockFunction<void()> changed;
     QObject::connect(&kit, &GlassKit::paletteChanged, &kit, changed.AsStdFunction());
@@ -40,7 +40,7 @@ TEST_F(SystemAppearanceTest, TheColoursFollowTheSystemsWindows)
     setWindows(QColor(0x202020), Qt::white);
     setWindows(QColor(0x303030), Qt::white);
     EXPECT_TRUE(kit.isDark());
-    EXPECT_EQ(kit.window(), GlassPalette::dark().window);
+    EXPECT_EQ(kit.palette().window, GlassPalette::dark().window);
 }
 
 } // namespace

@@ -83,21 +83,59 @@ private:
     }
 };
 
-/// Counts how often a controller tells of one thing.
-template <typename Signal>
-class Telling {
+/// Everything that a controller shows.
+struct Snapshot {
+    RouterState state;
+    OperatorState operatorState;
+    ConnectionStatus status;
+    QString statusMessage;
+    QString connectionFailure;
+    std::optional<QString> lastError;
+    std::optional<PortRef> renameTarget;
+    QList<Salvo> salvos;
+    QList<SubPanel> panels;
+    std::optional<QUuid> activePanelID;
+    bool operator==(const Snapshot&) const = default;
+};
+
+inline Snapshot snapshot(const MatrixController& controller)
+{
+    return {controller.state(), controller.operatorState(), controller.status(), controller.statusMessage(),
+        controller.connectionFailure(), controller.lastError(), controller.renameTarget(),
+        controller.salvos(), controller.panels(), controller.activePanelID()};
+}
+
+/// Notes the signals of a controller in order, for example "changed" and "crosspoint 0 5".
+class SignalLog {
 public:
-    Telling(MatrixController& controller, Signal signal)
+    explicit SignalLog(MatrixController& controller)
     {
-        QObject::connect(&controller, signal, &m_context, [this] { ++m_count; });
+        using C = MatrixController;
+        const auto observe = [&](void (C::*signal)(), const char* name) {
+            QObject::connect(&controller, signal, &m_context, [this, name] { note(name); });
+        };
+        observe(&C::changed, "changed");
+        observe(&C::stateReplaced, "state");
+        observe(&C::labelsChanged, "labels");
+        observe(&C::visiblePortsChanged, "visible ports");
+        observe(&C::activePanelChanged, "active panel");
+        observe(&C::renameDraftChanged, "rename draft");
+        QObject::connect(&controller, &C::lockChanged, &m_context, [this](qint64 i) { note("lock", i); });
+        QObject::connect(
+            &controller, &C::inputStatusChanged, &m_context, [this](qint64 i) { note("input", i); });
+        QObject::connect(&controller, &C::crosspointChanged, &m_context,
+            [this](qint64 level, qint64 i) { note("crosspoint " + std::to_string(level), i); });
     }
 
     /// Since the last call.
-    [[nodiscard]] int count() { return std::exchange(m_count, 0); }
+    [[nodiscard]] std::vector<std::string> taken() { return std::exchange(m_signals, {}); }
 
 private:
+    void note(std::string signal) { m_signals.push_back(std::move(signal)); }
+    void note(const std::string& signal, qint64 index) { note(signal + " " + std::to_string(index)); }
+
     QObject m_context;
-    int m_count = 0;
+    std::vector<std::string> m_signals;
 };
 
 } // namespace corvane

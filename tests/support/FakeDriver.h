@@ -1,20 +1,28 @@
 #pragma once
 
-#include "Drivers/RouterDriver.h"
+#include "Drivers/Contract/RouterDriver.h"
 
+#include <exception>
 #include <string>
 #include <vector>
 
 namespace corvane {
 
-/// A driver that does as the test says: it notes each call, fails on request and reports what it is given.
+/// A driver that does as the test says: it notes each call, fails on request and reports what it is given,
+/// until it is disconnected.
 class FakeDriver final : public RouterDriver {
 public:
     /// In order, for example "connect", "takeAll 0:5<3 1:5<3" (level:destination<source), "setLock 5 0 true",
     /// "setLabel source 3 Cam", "disconnect".
     std::vector<std::string> calls;
     /// What `takeAll`, `setLock` and `setLabel` throw, once noted.
-    std::optional<DriverError> failure;
+    std::exception_ptr failure;
+
+    template <typename Exception>
+    void failWith(const Exception& exception)
+    {
+        failure = std::make_exception_ptr(exception);
+    }
 
     void report(RouterDriverEvent event) const { yield(std::move(event)); }
     void reportProgress(std::optional<double> fraction) const { tellReadingProgress(fraction); }
@@ -28,6 +36,7 @@ public:
     QCoro::Task<> disconnect() override
     {
         calls.emplace_back("disconnect");
+        events().finish();
         co_return;
     }
 
@@ -65,7 +74,7 @@ private:
     {
         calls.push_back(call);
         if (failure)
-            throw DriverError(*failure);
+            std::rethrow_exception(failure);
     }
 };
 

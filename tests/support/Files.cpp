@@ -8,14 +8,15 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// In memory where the system has such a place: a test that saves hundreds of times waits for no disk.
 QString nameTemplate()
 {
-    const auto memory = QStringLiteral("/dev/shm");
-    return (QFileInfo(memory).isWritable() ? memory : QDir::tempPath())
-        + QStringLiteral("/corvane-tests-XXXXXX");
+    const auto memory = u"/dev/shm"_s;
+    return (QFileInfo(memory).isWritable() ? memory : QDir::tempPath()) + u"/corvane-tests-XXXXXX"_s;
 }
 
 } // namespace

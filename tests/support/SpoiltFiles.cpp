@@ -13,6 +13,8 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Random = std::mt19937;
@@ -142,7 +144,7 @@ void expectMovedAside(const SavedFile& file, const TemporaryFolder& folder, cons
 {
     EXPECT_EQ(std::ranges::count(printed, '\n'), 1) << printed;
     EXPECT_EQ(readFile(folder.path(file.name)), file.empty);
-    EXPECT_TRUE(QFile::remove(folder.path(file.name + QStringLiteral(".corrupt"))));
+    EXPECT_TRUE(QFile::remove(folder.path(file.name + u".corrupt"_s)));
 }
 
 void expectLoaded(const SavedFile& file, const TemporaryFolder& folder, const QByteArray& text)
@@ -164,8 +166,7 @@ void expectWholeOrMovedAside(const SavedFile& file)
         SCOPED_TRACE(text.left(1000).constData());
         writeFile(folder.path(file.name), text);
         const auto printed = printedBy([&] { file.loadAndSave(folder.path()); });
-        if (const auto aside = readFile(folder.path(file.name + QStringLiteral(".corrupt")));
-            !printed.empty()) {
+        if (const auto aside = readFile(folder.path(file.name + u".corrupt"_s)); !printed.empty()) {
             EXPECT_EQ(aside, text);
             expectMovedAside(file, folder, printed);
         } else {

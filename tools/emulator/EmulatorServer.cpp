@@ -39,6 +39,13 @@ void EmulatorServer::release()
         connection->release();
 }
 
+void EmulatorServer::releaseOldest()
+{
+    const auto holding = std::ranges::find_if_not(m_connections, &EmulatorConnection::hasSentAll);
+    if (holding != m_connections.end())
+        (*holding)->release();
+}
+
 void EmulatorServer::acceptClients()
 {
     while (auto* socket = m_server.nextPendingConnection())

@@ -52,6 +52,8 @@ public:
     bool hasSaidAll() const;
     /// Lets go what the fault `hold` has kept back so far; what is said later is held again.
     void release();
+    /// The same for one connection alone, the oldest that holds something back.
+    void releaseOldest();
 
     /// New clients are refused from now on; those connected stay.
     void stopListening() { m_server.close(); }

@@ -86,6 +86,8 @@ QList<QCommandLineOption> swp08Options()
         value(u"bad-checksums"_s, u"Spoil the first messages, this many."_s, u"count"_s, u"0"_s),
         flag(u"extra-messages"_s, u"Bring along messages nobody asked for."_s),
         flag(u"phantom-ports"_s, u"Report ports far beyond the size."_s),
+        value(u"extended-from"_s, u"Speak of destinations from this one on in extended messages only."_s,
+            u"number"_s),
     };
 }
 
@@ -103,6 +105,7 @@ MakeFace readSwp08(OptionValues& values)
         .badChecksums = values.number(u"bad-checksums"_s),
         .extraMessages = values.flag(u"extra-messages"_s),
         .phantomPorts = values.flag(u"phantom-ports"_s),
+        .extendedFrom = values.optional<int>(u"extended-from"_s),
     });
 }
 
@@ -116,6 +119,7 @@ QList<QCommandLineOption> quartzOptions()
         flag(u"ignore-repeats"_s, u"Say nothing to a take of what is there already."_s),
         flag(u"interpose-updates"_s, u"Tell of something else before each answer."_s),
         flag(u"echo-others"_s, u"Let clients hear each other's lines."_s),
+        flag(u"ignore-absent-ports"_s, u"Say nothing to a question about a port that isn't there."_s),
     };
 }
 
@@ -131,6 +135,7 @@ MakeFace readQuartz(OptionValues& values)
         .ignoreRepeats = values.flag(u"ignore-repeats"_s),
         .interposeUpdates = values.flag(u"interpose-updates"_s),
         .echoOthers = values.flag(u"echo-others"_s),
+        .ignoreAbsentPorts = values.flag(u"ignore-absent-ports"_s),
     });
 }
 

@@ -39,7 +39,7 @@ struct Faults {
     bool hold = false;
 
     /// The connection is closed when this many bytes have gone out on it.
-    std::optional<qint64> closeAfterBytes;
+    std::optional<qint64> closeAfterBytes = std::nullopt;
 };
 
 } // namespace corvane::emulator

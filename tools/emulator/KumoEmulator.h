@@ -2,6 +2,8 @@
 
 #include "emulator/EmulatorServer.h"
 
+#include <QHash>
+
 #include <algorithm>
 
 namespace corvane::emulator {
@@ -16,6 +18,8 @@ struct KumoQuirks {
     bool loginRequired = false;
     /// JSON lacks its last brace.
     bool brokenJson = false;
+    /// What parameters claim to be, as JSON, whatever they are.
+    QHash<QString, QByteArray> claims = {};
     /// How many of the coming requests fail inside the device, with status 500.
     int failNext = 0;
     /// The connection is closed behind every answer.

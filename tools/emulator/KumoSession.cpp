@@ -79,6 +79,8 @@ KumoSession::Answer KumoSession::set(const QString& id, const KumoParameter& par
 KumoSession::Answer KumoSession::value(const QString& id, const KumoParameter& parameter) const
 {
     const auto& quirks = m_device.quirks();
+    if (const auto claim = quirks.claims.constFind(id); claim != quirks.claims.cend())
+        return {"200 OK", "application/json", "{\"value\":" + *claim + '}'};
     const auto text = kumoValue(parameter, m_device.matrix());
     const auto asNumber = quirks.numericValues && parameter.isNumber();
     const QJsonObject object{

@@ -1,6 +1,7 @@
 #include "emulator/LW3Session.h"
 
 #include "emulator/LW3Emulator.h"
+#include "emulator/LW3Escape.h"
 
 #include <utility>
 
@@ -117,7 +118,7 @@ QByteArray LW3Session::close(const QByteArray& node)
 
 QByteArray LW3Session::set(const QByteArray& assignment)
 {
-    const auto [path, value] = splitFirst(assignment, '=');
+    const auto [path, escaped] = splitFirst(assignment, '=');
     const auto [node, name] = splitPath(path);
     auto property = m_device.tree().property(node, name);
     if (!property)
@@ -127,11 +128,14 @@ QByteArray LW3Session::set(const QByteArray& assignment)
         return error("pE", path, readOnlyProperty);
     if (m_device.faults().takeRefusal())
         return error("pE", path, denied);
-    const bool hasPrefix = !m_device.quirks().plainNames && value.contains(';');
-    const auto label = hasPrefix ? splitFirst(value, ';').after : value;
+    const auto value = readLW3Value(escaped);
+    if (!value)
+        return error("pE", path, invalidValue);
+    const bool hasPrefix = !m_device.quirks().plainNames && value->contains(';');
+    const auto label = hasPrefix ? splitFirst(*value, ';').after : *value;
     if (!m_device.faults().acknowledgeOnly)
         m_device.matrix().setLabels({{port->side, port->index, QString::fromUtf8(label)}});
-    property->value = value;
+    property->value = *value;
     return property->line();
 }
 

@@ -1,5 +1,7 @@
 #include "emulator/LW3Tree.h"
 
+#include "emulator/LW3Escape.h"
+
 #include <algorithm>
 
 namespace corvane::emulator {
@@ -28,7 +30,7 @@ QByteArray lw3::statusNode(int input)
 
 QByteArray LW3Property::text() const
 {
-    return node + '.' + name + '=' + value;
+    return node + '.' + name + '=' + escapedForLW3(value);
 }
 
 std::optional<QList<LW3Property>> LW3Tree::properties(const QByteArray& node) const
@@ -85,7 +87,8 @@ QList<LW3Property> LW3Tree::nameProperties() const
         for (int index = 0; index < m_matrix.count(side); ++index) {
             const auto label = m_matrix.label(side, index).toUtf8();
             result << LW3Property{lw3::names, lw3::portName(side, index),
-                m_quirks.plainNames ? label : "1;" + label, LW3Property::Access::Writable};
+                m_quirks.plainNames ? label : m_quirks.namePrefix + ';' + label,
+                LW3Property::Access::Writable};
         }
     }
     return result;

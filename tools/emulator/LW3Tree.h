@@ -14,6 +14,8 @@ namespace corvane::emulator {
 struct LW3Quirks {
     /// Names are "Camera" instead of "1;Camera".
     bool plainNames = false;
+    /// What stands before the semicolon of a name.
+    QByteArray namePrefix = "1";
     /// A tree without locks: neither their list nor the methods.
     bool omitLocks = false;
     /// Lists end in ";".
@@ -50,10 +52,11 @@ struct LW3Property {
     enum class Access { ReadOnly, Writable };
     QByteArray node;
     QByteArray name;
+    /// Not escaped.
     QByteArray value;
     Access access = Access::ReadOnly;
 
-    /// "/NODE.Name=value".
+    /// "/NODE.Name=value", escaped.
     QByteArray text() const;
     /// The same as the answer to a question.
     QByteArray line() const { return (access == Access::Writable ? "pw " : "pr ") + text(); }

@@ -60,9 +60,11 @@ std::optional<QuartzCommand> readQuartzCommand(const QByteArray& line, const Emu
     QuartzCommand command{.verb = line[1], .levels = *levels, .destination = port(numbers.first())};
     if (isTake)
         command.source = port(numbers.last());
-    const bool exists = matrix.has(Side::Destination, command.destination)
+    if (command.destination < 0 || (isTake && command.source < 0))
+        return std::nullopt;
+    command.exists = matrix.has(Side::Destination, command.destination)
         && (!isTake || matrix.has(Side::Source, command.source));
-    return exists ? std::optional(command) : std::nullopt;
+    return command;
 }
 
 } // namespace corvane::emulator

@@ -27,9 +27,11 @@ struct QuartzCommand {
     int destination = 0;
     /// Only a take has one.
     int source = noSource;
+    /// Whether the matrix has the ports.
+    bool exists = false;
 };
 
-/// Absent if the line is not one of the two, or names levels or ports that the matrix doesn't have.
+/// Absent if the line is not one of the two, or names levels that the matrix doesn't have, or a port below 1.
 std::optional<QuartzCommand> readQuartzCommand(const QByteArray& line, const EmulatedMatrix& matrix);
 
 } // namespace corvane::emulator

@@ -8,8 +8,8 @@ namespace corvane::emulator {
 struct QuartzQuirks {
     enum class LineEnd { Cr, Lf, CrLf };
     LineEnd lineEnd = LineEnd::Cr;
-    /// What a command that cannot be done is answered with, and a question about a port that isn't there.
-    /// Nothing is said where empty.
+    /// What a command that cannot be done is answered with, "?" or ".E", and a question about a port that
+    /// isn't there. Nothing is said where empty.
     QByteArray refusal = "?";
     /// Numbers have at least three digits.
     bool padNumbers = false;
@@ -21,6 +21,8 @@ struct QuartzQuirks {
     bool interposeUpdates = false;
     /// Clients hear each other's lines, as on one serial bus.
     bool echoOthers = false;
+    /// A well-formed question about a port that isn't there gets no answer.
+    bool ignoreAbsentPorts = false;
 };
 
 /// A router that speaks the Quartz protocol: shows its matrix to any number of clients, level 0 as V and

@@ -56,14 +56,23 @@ void QuartzSession::handle(const QByteArray& line)
     if (m_router.quirks().echoOthers)
         emit m_router.heard(line, m_connection.id());
     const auto command = readQuartzCommand(line, m_router.matrix());
-    if (command && m_router.quirks().interposeUpdates)
+    if (!command || !command->exists) {
+        refuse(command);
+        return;
+    }
+    if (m_router.quirks().interposeUpdates)
         interpose(command->destination);
-    if (!command)
-        say(m_router.quirks().refusal);
-    else if (command->verb == 'I')
+    if (command->verb == 'I')
         answer(*command);
     else
         take(*command);
+}
+
+void QuartzSession::refuse(const std::optional<QuartzCommand>& command)
+{
+    const bool isQuestion = command && command->verb == 'I';
+    if (!isQuestion || !m_router.quirks().ignoreAbsentPorts)
+        say(m_router.quirks().refusal);
 }
 
 void QuartzSession::answer(const QuartzCommand& question)

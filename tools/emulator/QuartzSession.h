@@ -19,6 +19,8 @@ public:
 
 private:
     void handle(const QByteArray& line);
+    /// What can't be read, or names ports that aren't there.
+    void refuse(const std::optional<QuartzCommand>& command);
     void answer(const QuartzCommand& question);
     void take(const QuartzCommand& command);
     bool isAlready(const QuartzCommand& command) const;

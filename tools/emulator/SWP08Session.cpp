@@ -2,6 +2,7 @@
 
 #include "emulator/SWP08Emulator.h"
 
+#include <limits>
 #include <utility>
 
 namespace corvane::emulator {
@@ -13,26 +14,6 @@ constexpr int mostRepeats = 5;
 
 // A client that acknowledges nothing must not fill our memory.
 constexpr std::size_t mostUnanswered = 100'000;
-
-int byteAt(const QByteArray& payload, qsizetype position)
-{
-    return static_cast<quint8>(payload[position]);
-}
-
-int level(const QByteArray& payload)
-{
-    return byteAt(payload, 1) & 0x0f;
-}
-
-int destination(const QByteArray& payload)
-{
-    return ((byteAt(payload, 2) >> 4) & 0x07) << 7 | byteAt(payload, 3);
-}
-
-int source(const QByteArray& payload)
-{
-    return (byteAt(payload, 2) & 0x07) << 7 | byteAt(payload, 4);
-}
 
 } // namespace
 
@@ -79,34 +60,37 @@ void SWP08Session::handle(const SWP08Item& item)
 
 void SWP08Session::handleMessage(const QByteArray& payload)
 {
-    const bool isQuestion = payload[0] == swp08::interrogate && payload.size() == 4;
+    auto request = readSwp08Request(payload);
+    if (request && request->isExtended && !m_router.quirks().extendedFrom)
+        request.reset();
+    const bool isQuestion = request && request->kind == SWP08Request::Kind::Question;
     if (!isQuestion || !m_router.quirks().answerTogether)
         answerQuestions();
     if (isQuestion)
-        ask(payload);
-    else if (payload[0] == swp08::connect && payload.size() == 5)
-        connectRoute(payload);
+        ask(*request);
+    else if (request)
+        connectRoute(*request);
     else if (payload[0] == swp08::tallyDumpRequest && payload.size() == 2)
         dump(payload);
     else
         m_connection.send(swp08::acknowledgement);
 }
 
-void SWP08Session::ask(const QByteArray& payload)
+void SWP08Session::ask(const SWP08Request& question)
 {
-    if (isForUs(payload, destination(payload))) {
-        m_questions << SWP08Place{level(payload), destination(payload)};
+    if (isForUs(question)) {
+        m_questions << SWP08Place{question.level, question.destination, question.isExtended};
         return;
     }
     answerQuestions();
     m_connection.send(swp08::refusal);
 }
 
-void SWP08Session::connectRoute(const QByteArray& payload)
+void SWP08Session::connectRoute(const SWP08Request& take)
 {
-    const Crosspoint route{level(payload), destination(payload), source(payload)};
+    const Crosspoint route{take.level, take.destination, take.source};
     const auto& matrix = m_router.matrix();
-    const bool isPossible = isForUs(payload, route.destination) && matrix.has(Side::Source, route.source)
+    const bool isPossible = isForUs(take) && matrix.has(Side::Source, route.source)
         && !matrix.isLockedAgainst(m_connection.id(), route.destination);
     if (m_router.faults().takeRefusal() || !isPossible) {
         m_connection.send(swp08::refusal);
@@ -132,8 +116,10 @@ void SWP08Session::carryOut(const Crosspoint& route)
 
 void SWP08Session::dump(const QByteArray& payload)
 {
-    if (isForUs(payload, 0))
-        answerWith(swp08::acknowledgement, m_writer.dump(level(payload)));
+    const int matrixAndLevel = static_cast<quint8>(payload[1]);
+    // Matrix 0 alone, in the upper four bits, has levels here.
+    if (m_router.matrix().hasLevel(matrixAndLevel))
+        answerWith(swp08::acknowledgement, m_writer.dump(matrixAndLevel));
     else
         m_connection.send(swp08::refusal);
 }
@@ -187,11 +173,13 @@ void SWP08Session::repeatRefused()
         m_connection.send(wire(sent.payload, sent.repeats + 1));
 }
 
-bool SWP08Session::isForUs(const QByteArray& payload, int wanted) const
+bool SWP08Session::isForUs(const SWP08Request& request) const
 {
-    const int matrixNumber = byteAt(payload, 1) >> 4;
-    return matrixNumber == 0 && m_router.matrix().hasLevel(level(payload))
-        && m_router.matrix().has(Side::Destination, wanted);
+    const auto& matrix = m_router.matrix();
+    const int first = m_router.quirks().extendedFrom.value_or(std::numeric_limits<int>::max());
+    const bool isRightForm = request.isExtended || request.destination < first;
+    return isRightForm && request.matrix == 0 && matrix.hasLevel(request.level)
+        && matrix.has(Side::Destination, request.destination);
 }
 
 QByteArray SWP08Session::wire(const QByteArray& payload, int repeats)

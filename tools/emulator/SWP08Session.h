@@ -2,6 +2,7 @@
 
 #include "emulator/EmulatorServer.h"
 #include "emulator/SWP08Frame.h"
+#include "emulator/SWP08Request.h"
 #include "emulator/SWP08Writer.h"
 
 #include <deque>
@@ -28,8 +29,8 @@ private:
 
     void handle(const SWP08Item& item);
     void handleMessage(const QByteArray& payload);
-    void ask(const QByteArray& payload);
-    void connectRoute(const QByteArray& payload);
+    void ask(const SWP08Request& question);
+    void connectRoute(const SWP08Request& take);
     void carryOut(const Crosspoint& route);
     void dump(const QByteArray& payload);
     void answerQuestions();
@@ -38,8 +39,8 @@ private:
     void tellEverything();
     void repeatRefused();
 
-    /// Whether this router has the level of the message and the `wanted` destination.
-    bool isForUs(const QByteArray& payload, int wanted) const;
+    /// Whether this router has the level and the destination, and takes them in this form.
+    bool isForUs(const SWP08Request& request) const;
     /// The message as it goes out, noted as sent.
     QByteArray wire(const QByteArray& payload, int repeats = 0);
 

@@ -51,6 +51,8 @@ QList<QList<SWP08Place>> runs(const QList<SWP08Place>& places)
 
 QByteArray SWP08Writer::crosspoint(swp08::Number number, const SWP08Place& place) const
 {
+    if (isToldExtended(place))
+        return extendedCrosspoint(number, place);
     const int destination = place.destination;
     const int from = source(place);
     return QByteArray()
@@ -59,6 +61,27 @@ QByteArray SWP08Writer::crosspoint(swp08::Number number, const SWP08Place& place
         .append(multiplier(destination, from))
         .append(low7(destination))
         .append(low7(from));
+}
+
+QByteArray SWP08Writer::extendedCrosspoint(swp08::Number number, const SWP08Place& place) const
+{
+    const int routed = m_matrix.source(place.level, place.destination);
+    const int from = routed == noSource ? swp08::extendedUnrouted : routed;
+    return QByteArray()
+        .append(swp08::extended(number))
+        .append('\0')
+        .append(low8(place.level))
+        .append(low8(place.destination >> 8))
+        .append(low8(place.destination))
+        .append(low8(from >> 8))
+        .append(low8(from))
+        .append('\0');
+}
+
+bool SWP08Writer::isToldExtended(const SWP08Place& place) const
+{
+    const auto first = m_quirks.extendedFrom;
+    return first && (place.isExtended || place.destination >= *first || source(place) > swp08::unrouted);
 }
 
 QByteArrayList SWP08Writer::answers(const QList<SWP08Place>& places) const
@@ -100,11 +123,10 @@ QByteArrayList SWP08Writer::unasked() const
         // Destination and source 1000.
         payloads << QByteArrayLiteral("\x03\x00\x77\x68\x68");
     if (m_quirks.extraMessages)
-        // Are you the active controller; destination 3 is not protected; salvo 16 was fired; and an extended
-        // tally of destination 1 on source 2.
+        // Are you the active controller; destination 3 is not protected; salvo 16 was fired; and what the
+        // first destination shows, in the extended form.
         payloads << QByteArrayLiteral("\x08") << QByteArrayLiteral("\x0b\x00\x00\x00\x03\x05")
-                 << QByteArrayLiteral("\x7b\x00\x10")
-                 << QByteArrayLiteral("\x83\x00\x00\x00\x01\x00\x02\x00");
+                 << QByteArrayLiteral("\x7b\x00\x10") << extendedCrosspoint(swp08::tally, {0, 0});
     return payloads;
 }
 

@@ -6,6 +6,8 @@
 #include <QByteArrayList>
 #include <QList>
 
+#include <optional>
+
 namespace corvane::emulator {
 
 /// How routers differ that speak this protocol. The simplest of them has none of it.
@@ -27,6 +29,9 @@ struct SWP08Quirks {
     bool extraMessages = false;
     /// Every answer brings along a crosspoint far beyond the size of most routers.
     bool phantomPorts = false;
+    /// Destinations from this one on are asked for, taken and told of in extended messages alone, as are
+    /// sources beyond 1023. Where absent, the router knows no extended messages.
+    std::optional<int> extendedFrom = std::nullopt;
 };
 
 namespace swp08 {
@@ -42,8 +47,15 @@ enum Number : char {
     wordTallyDump = 0x17,
 };
 
+/// The same message in its extended form.
+constexpr Number extended(Number number)
+{
+    return static_cast<Number>(number | 0x80);
+}
+
 /// The source of a destination that shows nothing.
 inline constexpr int unrouted = 1023;
+inline constexpr int extendedUnrouted = 0xffff;
 
 } // namespace swp08
 
@@ -51,6 +63,8 @@ inline constexpr int unrouted = 1023;
 struct SWP08Place {
     int level = 0;
     int destination = 0;
+    /// Whether it was asked for in the extended form, and is told in it.
+    bool isExtended = false;
 };
 
 /// Puts crosspoints into payloads of messages. Refers to what it is made with.
@@ -60,7 +74,8 @@ public:
     {
     }
 
-    /// One tally or connected message, for destinations and sources up to 1023.
+    /// One tally or connected message, for destinations and sources up to 1023, or its extended form for
+    /// those that this router speaks of in no other.
     QByteArray crosspoint(swp08::Number number, const SWP08Place& place) const;
 
     /// The answer to questions for these places, in the form and order of this router.
@@ -73,6 +88,8 @@ public:
     QByteArrayList unasked() const;
 
 private:
+    QByteArray extendedCrosspoint(swp08::Number number, const SWP08Place& place) const;
+    bool isToldExtended(const SWP08Place& place) const;
     QByteArrayList dumps(const QList<SWP08Place>& places) const;
     QByteArray group(const QList<SWP08Place>& run) const;
     bool fitsBytes(const QList<SWP08Place>& run) const;

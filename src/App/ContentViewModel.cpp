@@ -1,0 +1,60 @@
+#include "App/ContentViewModel.h"
+
+namespace corvane {
+
+ContentViewModel::ContentViewModel(const CorvaneViewModel::Environment& environment, ConnectionStore& store)
+    : m_environment(environment), m_store(store), m_sidebar(store, environment.theme)
+{
+    connect(&store, &ConnectionStore::connectionsChanged, this, &ContentViewModel::update);
+    connect(&store, &ConnectionStore::selectedConnectionIDChanged, this, &ContentViewModel::update);
+    update();
+}
+
+ContentViewModel::~ContentViewModel()
+{
+    // There may be no next turn of the event loop when the program ends.
+    delete m_workspace.release();
+}
+
+QVariantList ContentViewModel::workspaces() const
+{
+    return m_workspace ? QVariantList{QVariant::fromValue(m_workspace.get())} : QVariantList{};
+}
+
+QString ContentViewModel::windowTitle() const
+{
+    return m_workspace ? m_workspace->windowTitle() : QStringLiteral("Corvane");
+}
+
+void ContentViewModel::windowIsUp()
+{
+    m_store.autoConnectOnLaunch();
+}
+
+void ContentViewModel::update()
+{
+    const auto selected = m_store.selectedConnection();
+    auto* controller = selected ? &m_store.controller(*selected) : nullptr;
+    const bool isSameRouter = m_workspace && controller && m_workspace->routerID() == controller->id();
+    if (isSameRouter)
+        m_workspace->setController(controller);
+    else if (m_workspace || controller)
+        replaceWorkspace(controller);
+}
+
+void ContentViewModel::replaceWorkspace(MatrixController* controller)
+{
+    // The screen of the old workspace goes first, and the prompt in it is not to come back with the router.
+    const auto old = std::move(m_workspace);
+    if (old)
+        old->rename()->cancel();
+    if (controller) {
+        m_workspace.reset(new CorvaneViewModel(m_environment, *controller));
+        connect(
+            m_workspace.get(), &ControllerModel::contentChanged, this, &ContentViewModel::windowTitleChanged);
+    }
+    emit workspaceChanged();
+    emit windowTitleChanged();
+}
+
+} // namespace corvane

@@ -1,0 +1,144 @@
+#include "Views/Bar/ControlBarModel.h"
+
+#include "Theme/Contrast.h"
+#include "Theme/Tints.h"
+#include "Views/Shared/PortTexts.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace corvane {
+
+namespace {
+
+QString label(const QList<Port>& ports, qint64 position)
+{
+    return portTexts::labelAt(ports, position).value_or(portTexts::noName());
+}
+
+QString targets(const QList<qint64>& destinations, const RouterState& state)
+{
+    if (destinations.size() == 1)
+        return QStringLiteral("→ %1").arg(label(state.destinations, destinations.front()));
+    return QStringLiteral("→ %1 destinations").arg(destinations.size());
+}
+
+QString hint(RoutingDirection direction)
+{
+    return direction == RoutingDirection::sourceLed ? QStringLiteral("Tap destinations to stage")
+                                                    : QStringLiteral("Stage a route");
+}
+
+} // namespace
+
+bool ControlBar::hasContent(const MatrixController& controller, bool compactWidth)
+{
+    return compactWidth || controller.state().levels.size() > 1
+        || controller.viewMode() == RouteViewMode::matrix || controller.takeMode() == TakeMode::confirm;
+}
+
+ControlBarModel::ControlBarModel(const GlassKit& theme, MatrixZoom& zoom, QObject* parent)
+    : ControllerModel(theme, parent), m_zoom(zoom)
+{
+}
+
+void ControlBarModel::setController(MatrixController* newController)
+{
+    if (newController)
+        m_primaryLevel = newController->primaryLevel();
+    ControllerModel::setController(newController);
+}
+
+ControlBarPlaces ControlBarModel::places(const ControlBarContent& content, double availableWidth,
+    QSizeF levelPicker, QSizeF followButton, QSizeF zoomControl, QSizeF takeCluster) const
+{
+    const QSizeF nothing;
+    return layOutControlBar({.levelPicker = content.showsLevels ? levelPicker : nothing,
+                                .followButton = content.showsLevels ? followButton : nothing,
+                                .zoom = content.showsZoom ? zoomControl : nothing,
+                                .takeCluster = content.showsTake ? takeCluster : nothing},
+        availableWidth);
+}
+
+void ControlBarModel::chooseLevel(int position)
+{
+    if (!controller())
+        return;
+    const auto& levels = controller()->state().levels;
+    if (position >= 0 && position < levels.size())
+        controller()->setPrimaryLevel(levels.at(position).index);
+}
+
+void ControlBarModel::toggleFollow()
+{
+    if (!controller())
+        return;
+    const bool follows = controller()->breakawayLevels().isEmpty();
+    controller()->setBreakawayLevels(follows ? QSet{controller()->primaryLevel()} : QSet<qint64>{});
+}
+
+void ControlBarModel::clearPending()
+{
+    if (controller())
+        controller()->clearPending();
+}
+
+void ControlBarModel::confirmTake()
+{
+    if (controller())
+        controller()->confirmTake();
+}
+
+/// Breakaway follows the level that is shown.
+void ControlBarModel::keepBreakawayOnPrimaryLevel()
+{
+    const auto level = controller()->primaryLevel();
+    if (std::exchange(m_primaryLevel, level) != level && !controller()->breakawayLevels().isEmpty())
+        controller()->setBreakawayLevels({level});
+}
+
+void ControlBarModel::refresh()
+{
+    keepBreakawayOnPrimaryLevel();
+    ControlBarContent content;
+    content.isShown = ControlBar::hasContent(*controller(), false);
+    content.showsZoom = controller()->viewMode() == RouteViewMode::matrix;
+    tellLevels(content);
+    tellStaging(content);
+    replace(m_content, content);
+}
+
+void ControlBarModel::tellLevels(ControlBarContent& content) const
+{
+    const auto& state = controller()->state();
+    content.showsLevels = state.levels.size() >= 2;
+    for (const auto& level : state.levels)
+        content.levels.append(level.name);
+    const auto shown = std::ranges::find(state.levels, controller()->primaryLevel(), &RouterLevel::index);
+    if (shown != state.levels.cend())
+        content.level = static_cast<int>(shown - state.levels.cbegin());
+
+    const bool follows = controller()->breakawayLevels().isEmpty();
+    content.followText = follows ? QStringLiteral("Follow") : QStringLiteral("Breakaway");
+    content.followSymbol = follows ? QStringLiteral("link") : QStringLiteral("scissors");
+    content.followTint = follows
+        ? palette().secondary
+        : tintText(levelTint(state, controller()->primaryLevel(), palette()), palette());
+}
+
+void ControlBarModel::tellStaging(ControlBarContent& content) const
+{
+    const auto pending = controller()->pendingTake();
+    content.showsTake = controller()->takeMode() == TakeMode::confirm;
+    content.canTake = pending.has_value();
+    content.canClear = controller()->hasStaging();
+    if (!pending) {
+        content.emptyHint = hint(controller()->routingDirection());
+        return;
+    }
+    const auto& state = controller()->state();
+    content.stagedSource = label(state.sources, pending->source);
+    content.targetText = targets(pending->destinations, state);
+}
+
+} // namespace corvane

@@ -1,0 +1,47 @@
+import QtQuick
+import Corvane.Theme
+import Corvane.Views.Workspace
+
+// A router that is not connected, and the way to change that.
+EmptyState {
+    id: root
+
+    required property ConnectPromptModel model
+
+    symbol: model.content.symbol
+    title: model.content.name
+    tint: model.content.tint
+    description: model.content.address
+
+    StatusPill {
+        anchors.horizontalCenter: parent.horizontalCenter
+        status: root.model.content.status
+    }
+    PlainText {
+        visible: text !== ""
+        width: parent.width
+        horizontalAlignment: Text.AlignHCenter
+        text: root.model.content.failure
+        font: GlassKit.calloutFont
+        color: GlassKit.colors.tintText(GlassKit.colors.red)
+        wrapMode: Text.Wrap
+        maximumLineCount: 4
+        Accessible.role: Accessible.StaticText
+        Accessible.name: text
+        Accessible.ignored: !visible
+    }
+    ProgressLine {
+        anchors.horizontalCenter: parent.horizontalCenter
+        isShown: root.model.content.showsProgress
+        fraction: root.model.content.progress
+        text: root.model.content.progressText
+        tint: root.model.content.tint
+    }
+    ProminentButton {
+        anchors.horizontalCenter: parent.horizontalCenter
+        implicitHeight: 34
+        text: root.model.content.buttonText
+        symbol: root.model.content.buttonSymbol
+        onClicked: root.model.pressButton()
+    }
+}

@@ -1,0 +1,58 @@
+#include "Views/Workspace/ConnectPromptModel.h"
+
+#include <QtMath>
+
+namespace corvane {
+
+namespace {
+
+bool isConnecting(const ConnectionStatus& status)
+{
+    return std::holds_alternative<Connecting>(status);
+}
+
+QString failure(const ConnectionStatus& status)
+{
+    const auto* failed = std::get_if<ConnectionFailed>(&status);
+    return failed ? failed->message : QString();
+}
+
+QString percentRead(double fraction)
+{
+    return QStringLiteral("%1% read").arg(qFloor(fraction * 100));
+}
+
+} // namespace
+
+void ConnectPromptModel::pressButton()
+{
+    if (!controller())
+        return;
+    if (isConnecting(controller()->status()))
+        controller()->disconnect();
+    else
+        controller()->connect();
+}
+
+void ConnectPromptModel::refresh()
+{
+    const auto& connection = controller()->connection();
+    const auto& status = controller()->status();
+    const auto progress = controller()->readingProgress();
+    const bool canCancel = isConnecting(status);
+    replace(m_content,
+        {.symbol = symbolName(connection.vendor),
+            .tint = routerColor(connection, palette()),
+            .name = connection.name,
+            .address = QStringLiteral("%1 · %2").arg(
+                displayName(connection.vendor), connection.endpointDescription()),
+            .status = statusLook(status, palette()),
+            .failure = failure(status),
+            .showsProgress = progress.has_value(),
+            .progress = progress.value_or(0),
+            .progressText = progress ? percentRead(*progress) : QString(),
+            .buttonText = canCancel ? QStringLiteral("Cancel") : QStringLiteral("Connect"),
+            .buttonSymbol = canCancel ? QStringLiteral("xmark") : QStringLiteral("bolt.fill")});
+}
+
+} // namespace corvane

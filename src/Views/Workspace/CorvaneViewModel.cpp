@@ -1,0 +1,124 @@
+#include "Views/Workspace/CorvaneViewModel.h"
+
+#include "Theme/Tints.h"
+
+namespace corvane {
+
+namespace {
+
+/// Between the floating bar and the last row.
+constexpr double barMargin = 16;
+
+QString subtitle(const MatrixController& controller)
+{
+    QStringList parts{controller.state().model, controller.statusMessage()};
+    parts.removeAll(QString());
+    return parts.join(QStringLiteral(" · "));
+}
+
+bool isMismatch(const MatrixController& controller)
+{
+    return controller.activePanel()
+        && (controller.visibleSources().isEmpty() || controller.visibleDestinations().isEmpty());
+}
+
+} // namespace
+
+CorvaneViewModel::CorvaneViewModel(
+    const Environment& environment, MatrixController& controller, QObject* parent)
+    : ControllerModel(environment.theme, parent),
+      m_mainQueue(environment.mainQueue),
+      m_routerID(controller.id()),
+      m_toolbar(environment.theme),
+      m_header(environment.theme),
+      m_modes(environment.theme),
+      m_grid(environment.theme),
+      m_list(environment.mainQueue, environment.theme),
+      m_controlBar(environment.theme, environment.zoom),
+      m_prompt(environment.theme),
+      m_banner(environment.mainQueue, environment.theme),
+      m_rename(environment.theme)
+{
+    connect(
+        &m_controlBar, &ControllerModel::contentChanged, this, &CorvaneViewModel::controlBarClearanceChanged);
+    CorvaneViewModel::setController(&controller);
+}
+
+void CorvaneViewModel::setController(MatrixController* newController)
+{
+    if (newController == controller())
+        return;
+    for (ControllerModel* part : std::initializer_list<ControllerModel*>{
+             &m_toolbar, &m_header, &m_modes, &m_controlBar, &m_prompt, &m_banner, &m_rename})
+        part->setController(newController);
+    ControllerModel::setController(newController);
+    wakeWhatIsShown();
+    emit controllerChanged();
+    connectIfDisconnected();
+}
+
+QString CorvaneViewModel::windowTitle() const
+{
+    if (m_content.subtitle.isEmpty())
+        return m_content.title;
+    return QStringLiteral("%1 — %2").arg(m_content.title, m_content.subtitle);
+}
+
+void CorvaneViewModel::setControlBarHeight(double height)
+{
+    if (height == m_controlBarHeight)
+        return;
+    m_controlBarHeight = height;
+    emit controlBarClearanceChanged();
+}
+
+double CorvaneViewModel::controlBarClearance() const
+{
+    return m_controlBar.content().isShown ? m_controlBarHeight + barMargin : 0;
+}
+
+void CorvaneViewModel::showFullRouter()
+{
+    if (controller())
+        controller()->setActivePanelID(std::nullopt);
+}
+
+void CorvaneViewModel::showPanel(int number)
+{
+    if (controller() && number >= 1 && number <= controller()->panels().size())
+        controller()->setActivePanelID(controller()->panels().at(number - 1).id);
+}
+
+void CorvaneViewModel::refresh()
+{
+    const auto& connection = controller()->connection();
+    const bool mismatches = isMismatch(*controller());
+    replace(m_content,
+        {.title = connection.name,
+            .subtitle = subtitle(*controller()),
+            .color = routerColor(connection, palette()),
+            .isConnected = controller()->isConnected(),
+            .showsMatrix = !mismatches && controller()->viewMode() == RouteViewMode::matrix,
+            .showsList = !mismatches && controller()->viewMode() == RouteViewMode::list,
+            .showsMismatch = mismatches});
+    wakeWhatIsShown();
+}
+
+void CorvaneViewModel::wakeWhatIsShown()
+{
+    const auto shownTo = [this](bool isShown) {
+        return isShown && m_content.isConnected ? controller() : nullptr;
+    };
+    m_grid.setController(shownTo(m_content.showsMatrix));
+    m_list.setController(shownTo(m_content.showsList));
+}
+
+void CorvaneViewModel::connectIfDisconnected()
+{
+    m_mainQueue.async([controller = QPointer(controller())] {
+        if (controller && std::holds_alternative<Disconnected>(controller->status()))
+            controller->connect();
+    });
+}
+
+} // namespace corvane

@@ -1,0 +1,27 @@
+import QtQuick
+import Corvane.Theme
+import Corvane.Views.Workspace
+
+// The active panel was made for ports that this router doesn't have.
+EmptyState {
+    id: root
+
+    required property CorvaneViewModel model
+
+    symbol: "rectangle.on.rectangle.slash"
+    title: qsTr("Panel Doesn't Match This Router")
+    description: qsTr("None of this panel's saved ports exist on the connected router.")
+
+    Row {
+        anchors.horizontalCenter: parent.horizontalCenter
+        spacing: GlassKit.controlSpacing
+
+        ProminentButton {
+            text: qsTr("Edit Panel…")
+        }
+        GlassButton {
+            text: qsTr("Show Full Router")
+            onClicked: root.model.showFullRouter()
+        }
+    }
+}

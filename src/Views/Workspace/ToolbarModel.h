@@ -1,0 +1,72 @@
+#pragma once
+
+#include "Views/Shared/ControllerModel.h"
+
+#include <QtQml/qqmlregistration.h>
+
+namespace corvane {
+
+/// What the toolbar of the workspace shows.
+struct ToolbarContent {
+    Q_GADGET
+    QML_VALUE_TYPE(toolbarContent)
+    Q_PROPERTY(bool isShown MEMBER isShown FINAL)
+    Q_PROPERTY(QString panelText MEMBER panelText FINAL)
+    Q_PROPERTY(QString panelSymbol MEMBER panelSymbol FINAL)
+    Q_PROPERTY(int viewMode MEMBER viewMode FINAL)
+
+public:
+    bool isShown = false;
+    /// The panel that is shown, or that it is the full router.
+    QString panelText;
+    QString panelSymbol;
+    /// The position of the case in its enum.
+    int viewMode = 0;
+
+    bool operator==(const ToolbarContent&) const = default;
+};
+
+/// Which of the toolbar's buttons have their texts; the others do with their symbols.
+struct ToolbarFit {
+    Q_GADGET
+    QML_VALUE_TYPE(toolbarFit)
+    Q_PROPERTY(bool showsPanelText MEMBER showsPanelText FINAL)
+    Q_PROPERTY(bool showsButtonTexts MEMBER showsButtonTexts FINAL)
+
+public:
+    bool showsPanelText = false;
+    bool showsButtonTexts = false;
+
+    bool operator==(const ToolbarFit&) const = default;
+};
+
+/// The toolbar: which panel is shown, and whether as a grid or as a list. It is only there while the router
+/// is connected.
+class ToolbarModel : public ControllerModel {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Belongs to a CorvaneViewModel")
+    Q_PROPERTY(corvane::ToolbarContent content READ content NOTIFY contentChanged FINAL)
+    Q_PROPERTY(QList<QString> viewModeTexts READ viewModeTexts CONSTANT FINAL)
+
+public:
+    using ControllerModel::ControllerModel;
+
+    [[nodiscard]] const ToolbarContent& content() const { return m_content; }
+    [[nodiscard]] static QStringList viewModeTexts();
+
+    Q_INVOKABLE void chooseViewMode(int position);
+
+    /// The first of these that fits `available`: all texts, which take `whole`; the panel's alone, which
+    /// saves `savedByButtons` of that; none.
+    Q_INVOKABLE [[nodiscard]] static corvane::ToolbarFit fit(
+        double available, double whole, double savedByButtons);
+
+protected:
+    void refresh() override;
+
+private:
+    ToolbarContent m_content;
+};
+
+} // namespace corvane

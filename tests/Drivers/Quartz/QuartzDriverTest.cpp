@@ -1,0 +1,86 @@
+#include "Drivers/Quartz/QuartzDriver.h"
+#include "Drivers/Interrogating/InterrogatingDriverFixture.h"
+
+namespace corvane {
+
+namespace {
+
+using namespace std::chrono_literals;
+using emulator::QuartzEmulator;
+using emulator::QuartzQuirks;
+using testing::ElementsAre;
+
+using LineEnd = QuartzQuirks::LineEnd;
+
+const std::string refusal = "refused The router refused the command.";
+
+using QuartzDriverTest = InterrogatingDriverFixture<QuartzDriver, QuartzEmulator>;
+
+TEST_F(QuartzDriverTest, ConnectsToRoutersOfEveryKind)
+{
+    struct Case {
+        const char* name;
+        QuartzQuirks quirks;
+        int pieceSize = 0;
+    };
+    const Case cases[] = {
+        {"CR", {.lineEnd = LineEnd::Cr}},
+        {"LF", {.lineEnd = LineEnd::Lf}},
+        {"CR LF", {.lineEnd = LineEnd::CrLf}},
+        {"padded numbers", {.padNumbers = true}},
+        {"updates between question and answer", {.interposeUpdates = true}},
+        {"cut at every byte", {.lineEnd = LineEnd::CrLf, .padNumbers = true, .interposeUpdates = true}, 1},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        router.quirks() = c.quirks;
+        router.faults().pieceSize = c.pieceSize;
+        const auto heardBefore = router.receivedMessages().size();
+        auto running = connecting();
+        EXPECT_TRUE(running->pump(
+            [&] { return router.receivedMessages().size() == heardBefore + 18 && router.hasSaidAll(); }));
+        running->settle();
+        running->advance(1s);
+        EXPECT_THAT(running->log.all(), ElementsAre(testing::_, interrogating, connectedText()));
+    }
+}
+
+TEST_F(QuartzDriverTest, BearsEveryAnswerToASurplusQuestion)
+{
+    struct Case {
+        const char* name;
+        QuartzQuirks quirks;
+        std::ptrdiff_t refusals;
+    };
+    const Case cases[] = {
+        {"a question mark", {}, 2},
+        {"an error", {.refusal = ".E"}, 2},
+        {"nothing", {.refusal = ""}, 0},
+        {"nothing to questions", {.refusal = ".E", .ignoreAbsentPorts = true}, 0},
+    };
+    saved.simDestinationCount = 20;
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        router.quirks() = c.quirks;
+        const auto heardBefore = router.receivedMessages().size();
+        const auto running = connecting();
+        EXPECT_TRUE(running->pump(
+            [&] { return router.receivedMessages().size() == heardBefore + 20 && router.hasSaidAll(); }));
+        running->settle();
+        EXPECT_EQ(std::ranges::count(running->log.takeNew(), refusal), c.refusals);
+        running->advance(1s);
+        EXPECT_THAT(running->log.takeNew(), ElementsAre(connectedText()));
+        // A take that can't be done is put back, whatever is said to it.
+        EXPECT_FALSE(outcome(running->driver->take(5, 19, 0)));
+        if (c.quirks.refusal.isEmpty())
+            continue;
+        EXPECT_TRUE(running->pumpUntilSays(refusal));
+        running->settle();
+        running->advance(1s);
+        EXPECT_EQ(running->log.all().back(), "route 0:19=none");
+    }
+}
+
+} // namespace
+
+} // namespace corvane

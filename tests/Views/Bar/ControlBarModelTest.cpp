@@ -1,0 +1,189 @@
+#include "Views/Bar/ControlBarModel.h"
+#include "Theme/Tints.h"
+#include "ViewModelTest.h"
+
+namespace corvane {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class ControlBarModelTest : public ControllerTest {
+protected:
+    void SetUp() override { model.setController(controller.get()); }
+
+    [[nodiscard]] const ControlBarContent& content() const { return model.content(); }
+
+    GlassKit theme{nullptr};
+    MatrixZoom zoom;
+    ControlBarModel model{theme, zoom};
+};
+
+TEST_F(ControlBarModelTest, IsThereAsLongAsThereIsSomethingOnIt)
+{
+    struct Case {
+        const char* name;
+        qint64 levels;
+        RouteViewMode view;
+        TakeMode take;
+        bool expected;
+    };
+    const Case cases[] = {
+        {"nothing to offer", 1, RouteViewMode::list, TakeMode::immediate, false},
+        {"no levels at all", 0, RouteViewMode::list, TakeMode::immediate, false},
+        {"levels", 2, RouteViewMode::list, TakeMode::immediate, true},
+        {"cell size", 1, RouteViewMode::matrix, TakeMode::immediate, true},
+        {"take", 1, RouteViewMode::list, TakeMode::confirm, true},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        connectTo(matrix(2, 2, c.levels));
+        controller->setViewMode(c.view);
+        controller->setTakeMode(c.take);
+        EXPECT_EQ(content().isShown, c.expected);
+        EXPECT_EQ(content().showsLevels, c.levels >= 2);
+        EXPECT_EQ(content().showsZoom, c.view == RouteViewMode::matrix);
+        EXPECT_EQ(content().showsTake, c.take == TakeMode::confirm);
+        EXPECT_TRUE(ControlBar::hasContent(*controller, true));
+    }
+}
+
+TEST_F(ControlBarModelTest, PicksLevelsByTheirIndexAndNotByTheirPlace)
+{
+    auto state = matrix(2, 2, 3);
+    state.levels.swapItemsAt(0, 2);
+    connectTo(state);
+    EXPECT_EQ(content().levels, (QStringList{u"Level 2"_s, u"Level 1"_s, u"Level 0"_s}));
+    EXPECT_EQ(content().level, 2);
+    model.chooseLevel(0);
+    EXPECT_EQ(controller->primaryLevel(), 2);
+    EXPECT_EQ(content().level, 0);
+    model.chooseLevel(7);
+    EXPECT_EQ(controller->primaryLevel(), 2);
+}
+
+TEST_F(ControlBarModelTest, FollowsAllLevelsOrBreaksAwayOnTheOneThatIsShown)
+{
+    auto state = matrix(2, 2, 2);
+    state.levels[1].kind = LevelKind::audio;
+    connectTo(state);
+    EXPECT_EQ(content().followText, u"Follow"_s);
+    EXPECT_EQ(content().followSymbol, u"link"_s);
+    EXPECT_EQ(content().followTint, theme.palette().secondary);
+
+    model.chooseLevel(1);
+    model.toggleFollow();
+    EXPECT_EQ(controller->breakawayLevels(), QSet<qint64>{1});
+    EXPECT_EQ(content().followText, u"Breakaway"_s);
+    EXPECT_EQ(content().followSymbol, u"scissors"_s);
+    EXPECT_EQ(content().followTint, theme.palette().tintText(theme.palette().green));
+
+    model.toggleFollow();
+    EXPECT_EQ(controller->breakawayLevels(), QSet<qint64>{});
+}
+
+TEST_F(ControlBarModelTest, BreakawayFollowsThePickerAndKeepsOneLevel)
+{
+    connectTo(matrix(2, 2, 3));
+    model.chooseLevel(1);
+    EXPECT_EQ(controller->breakawayLevels(), QSet<qint64>{});
+    controller->setBreakawayLevels({0, 1});
+    model.chooseLevel(2);
+    EXPECT_EQ(controller->breakawayLevels(), QSet<qint64>{2});
+}
+
+TEST_F(ControlBarModelTest, AControllerThatWasGivenUpIsLeftAlone)
+{
+    connectTo(matrix(2, 2, 3));
+    controller->setBreakawayLevels({0, 1});
+    const auto other = makeController();
+    model.setController(other.get());
+    controller->setPrimaryLevel(2);
+    EXPECT_EQ(controller->breakawayLevels(), (QSet<qint64>{0, 1}));
+}
+
+TEST_F(ControlBarModelTest, TellsWhatATakeWouldDo)
+{
+    struct Case {
+        const char* name;
+        qint64 source;
+        QSet<qint64> destinations;
+        QString expectedSource;
+        QString expectedTarget;
+    };
+    const Case cases[] = {
+        {"one destination", 1, {2}, u"In 2"_s, u"→ Out 3"_s},
+        {"several", 0, {0, 1, 3}, u"In 1"_s, u"→ 3 destinations"_s},
+        {"a source beyond the router", 9, {2}, u"—"_s, u"→ Out 3"_s},
+        {"a destination beyond the router", 1, {9}, u"In 2"_s, u"→ —"_s},
+    };
+    connectTo(matrix(4, 4));
+    controller->setTakeMode(TakeMode::confirm);
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        controller->setPendingDestinations(c.destinations);
+        controller->setPendingSource(c.source);
+        EXPECT_EQ(content().stagedSource, c.expectedSource);
+        EXPECT_EQ(content().targetText, c.expectedTarget);
+        EXPECT_EQ(content().emptyHint, QString());
+        EXPECT_TRUE(content().canTake);
+        EXPECT_TRUE(content().canClear);
+    }
+}
+
+TEST_F(ControlBarModelTest, TellsHowToGetToATake)
+{
+    connectTo(matrix(4, 4));
+    controller->setTakeMode(TakeMode::confirm);
+    EXPECT_EQ(content().emptyHint, u"Stage a route"_s);
+    EXPECT_FALSE(content().canTake);
+    EXPECT_FALSE(content().canClear);
+    controller->setDirection(RoutingDirection::sourceLed);
+    EXPECT_EQ(content().emptyHint, u"Tap destinations to stage"_s);
+}
+
+TEST_F(ControlBarModelTest, HalfARouteCanBeClearedButNotTaken)
+{
+    connectTo(matrix(4, 4));
+    controller->setTakeMode(TakeMode::confirm);
+    controller->setPendingSource(1);
+    EXPECT_FALSE(content().canTake);
+    EXPECT_TRUE(content().canClear);
+    model.clearPending();
+    EXPECT_FALSE(content().canClear);
+}
+
+TEST_F(ControlBarModelTest, TakesWhatIsStaged)
+{
+    connectTo(matrix(4, 4));
+    controller->setTakeMode(TakeMode::confirm);
+    controller->setPendingDestination(2);
+    controller->setPendingSource(1);
+    model.confirmTake();
+    EXPECT_EQ(told(), std::vector<std::string>{"takeAll 0:2<1"});
+    EXPECT_FALSE(content().canTake);
+}
+
+TEST_F(ControlBarModelTest, GivesPlacesOnlyToWhatItShows)
+{
+    connectTo(matrix(2, 2, 1));
+    const QSizeF size(100, 28);
+    auto places = model.places(content(), 800, size, size, size, size);
+    EXPECT_TRUE(places.levelPicker.isEmpty());
+    EXPECT_TRUE(places.followButton.isEmpty());
+    EXPECT_FALSE(places.zoom.isEmpty());
+    EXPECT_TRUE(places.takeCluster.isEmpty());
+
+    connectTo(matrix(2, 2, 2));
+    controller->setViewMode(RouteViewMode::list);
+    controller->setTakeMode(TakeMode::confirm);
+    places = model.places(content(), 800, size, size, size, size);
+    EXPECT_FALSE(places.levelPicker.isEmpty());
+    EXPECT_FALSE(places.followButton.isEmpty());
+    EXPECT_TRUE(places.zoom.isEmpty());
+    EXPECT_FALSE(places.takeCluster.isEmpty());
+}
+
+} // namespace
+
+} // namespace corvane

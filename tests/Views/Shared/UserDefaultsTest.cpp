@@ -1,0 +1,52 @@
+#include "Views/Shared/UserDefaults.h"
+#include "support/Files.h"
+
+#include <gtest/gtest.h>
+
+namespace corvane {
+
+namespace {
+
+class UserDefaultsTest : public testing::Test {
+protected:
+    /// The size that the next start finds.
+    [[nodiscard]] double keptCellSize() const
+    {
+        UserDefaults defaults(m_file);
+        MatrixZoom zoom;
+        defaults.keep(zoom);
+        return zoom.cellSize();
+    }
+
+    TemporaryFolder m_folder;
+    const QString m_file = m_folder.path(QStringLiteral("defaults.ini"));
+};
+
+TEST_F(UserDefaultsTest, TheCellSizeIsKeptTheMomentItChanges)
+{
+    EXPECT_EQ(keptCellSize(), 44);
+    UserDefaults defaults(m_file);
+    MatrixZoom zoom;
+    defaults.keep(zoom);
+    zoom.grow();
+    EXPECT_EQ(keptCellSize(), 50);
+}
+
+TEST_F(UserDefaultsTest, ASizeBetweenTwoStepsIsKeptAsItIs)
+{
+    writeFile(m_file, "[General]\nmatrixCellSize=33\n");
+    EXPECT_EQ(keptCellSize(), 33);
+}
+
+TEST_F(UserDefaultsTest, WhatIsNoSizeGivesTheDefault)
+{
+    for (const char* text : {"large", "", "nan", "@Invalid()"}) {
+        SCOPED_TRACE(text);
+        writeFile(m_file, QByteArray("[General]\nmatrixCellSize=") + text + "\n");
+        EXPECT_EQ(keptCellSize(), 44);
+    }
+}
+
+} // namespace
+
+} // namespace corvane
