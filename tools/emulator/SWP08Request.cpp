@@ -48,9 +48,9 @@ std::optional<SWP08Request> readSwp08Request(const QByteArray& payload)
         return ordinary(Kind::Question, payload);
     if (is(swp08::connect, 5))
         return ordinary(Kind::Take, payload);
-    if (is(swp08::extended(swp08::interrogate), 5))
+    if (is(swp08::extendedInterrogate, 5))
         return extended(Kind::Question, payload);
-    if (is(swp08::extended(swp08::connect), 7))
+    if (is(swp08::extendedConnect, 7))
         return extended(Kind::Take, payload);
     return std::nullopt;
 }

@@ -45,12 +45,16 @@ enum Number : char {
     tallyDumpRequest = 0x15,
     byteTallyDump = 0x16,
     wordTallyDump = 0x17,
+    extendedInterrogate = static_cast<char>(0x81),
+    extendedConnect = static_cast<char>(0x82),
+    extendedTally = static_cast<char>(0x83),
+    extendedConnected = static_cast<char>(0x84),
 };
 
-/// The same message in its extended form.
+/// The same message in its extended form; only those that have one.
 constexpr Number extended(Number number)
 {
-    return static_cast<Number>(number | 0x80);
+    return static_cast<Number>(static_cast<char>(number | 0x80));
 }
 
 /// The source of a destination that shows nothing.

@@ -132,9 +132,9 @@ FittingRow::Lines FittingRow::arrange(int form, Parts& parts)
     for (size_t i = 0; i < parts.size(); ++i) {
         auto& part = parts[i];
         const auto& wishes = *part.wishes;
-        part.width = form >= wishes.shrinksFrom || part.full <= 0 ? 0
-            : form >= wishes.shortFrom                            ? wishes.shortWidth
-                                                                  : part.full;
+        const bool givesAll = form >= wishes.shrinksFrom || part.full <= 0;
+        const qreal told = form >= wishes.shortFrom ? wishes.shortWidth : part.full;
+        part.width = givesAll ? 0 : told;
         const auto line = static_cast<size_t>(wishes.lineIn(form));
         lines.resize(std::max(lines.size(), line + 1));
         lines[line].push_back(i);

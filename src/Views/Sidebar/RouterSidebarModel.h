@@ -48,7 +48,7 @@ public:
 
     [[nodiscard]] RowSpeech speech(int row) const override;
     /// The selected router's, or -1.
-    [[nodiscard]] int startRow() const override;
+    [[nodiscard]] int startRow() const final;
     [[nodiscard]] QList<MenuAction> menu(int row) override;
     void press(int row) override;
     void arrive(int row) override { press(row); }
