@@ -6,6 +6,8 @@
 
 namespace corvane::bench {
 
+using namespace Qt::StringLiterals;
+
 /// A router that speaks when the bench says so, and takes every command.
 class BurstDriver final : public RouterDriver {
 public:
@@ -43,10 +45,10 @@ private:
 inline RouterState largeState(qint64 ports)
 {
     RouterState state;
-    state.levels = {{0, QStringLiteral("Video"), LevelKind::video}};
+    state.levels = {{0, u"Video"_s, LevelKind::video}};
     for (qint64 i = 0; i < ports; ++i) {
-        state.sources.append({i, PortKind::source, QStringLiteral("Source %1").arg(i)});
-        state.destinations.append({i, PortKind::destination, QStringLiteral("Destination %1").arg(i)});
+        state.sources.append({i, PortKind::source, u"Source %1"_s.arg(i)});
+        state.destinations.append({i, PortKind::destination, u"Destination %1"_s.arg(i)});
     }
     return state;
 }

@@ -28,6 +28,8 @@
 /// so that memory and processor time are those of the program alone.
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using namespace std::chrono_literals;
@@ -114,7 +116,7 @@ int beTheFacility()
 std::vector<quint16> startFacility(QProcess& process)
 {
     process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    process.start(QCoreApplication::applicationFilePath(), {QStringLiteral("facility")});
+    process.start(QCoreApplication::applicationFilePath(), {u"facility"_s});
     std::vector<quint16> found;
     while (found.size() < routers) {
         if (!process.canReadLine() && !process.waitForReadyRead())
@@ -128,7 +130,7 @@ RouterConnection connectionTo(int router, quint16 port)
 {
     RouterConnection connection;
     connection.vendor = familyOf(router);
-    connection.host = QStringLiteral("127.0.0.1");
+    connection.host = u"127.0.0.1"_s;
     connection.port = port;
     connection.simSourceCount = ports;
     connection.simDestinationCount = ports;

@@ -29,6 +29,8 @@
 /// for each measure of memory.
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Size {
@@ -77,7 +79,7 @@ public:
     }
 
 private:
-    static bool isSoftware() { return QQuickWindow::sceneGraphBackend() == QStringLiteral("software"); }
+    static bool isSoftware() { return QQuickWindow::sceneGraphBackend() == u"software"_s; }
 
     void useTexture(QSize size)
     {
@@ -269,11 +271,9 @@ QByteArray runAgain(const QString& renderer, const QStringList& arguments)
 {
     QProcess process;
     auto environment = QProcessEnvironment::systemEnvironment();
-    const bool isSoftware = renderer == QStringLiteral("raster");
-    environment.insert(
-        QStringLiteral("QT_QUICK_BACKEND"), isSoftware ? QStringLiteral("software") : QString());
-    environment.insert(
-        QStringLiteral("QT_QPA_PLATFORM"), isSoftware ? QStringLiteral("offscreen") : QStringLiteral("xcb"));
+    const bool isSoftware = renderer == u"raster"_s;
+    environment.insert(u"QT_QUICK_BACKEND"_s, isSoftware ? u"software"_s : QString());
+    environment.insert(u"QT_QPA_PLATFORM"_s, isSoftware ? u"offscreen"_s : u"xcb"_s);
     process.setProcessEnvironment(environment);
     process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     process.start(QCoreApplication::applicationFilePath(), QStringList(renderer) + arguments);
@@ -284,7 +284,7 @@ QByteArray runAgain(const QString& renderer, const QStringList& arguments)
 void compareMemory(const QString& renderer)
 {
     const auto resident = [&](const char* side) {
-        return runAgain(renderer, {QStringLiteral("memory"), QString::fromLatin1(side)}).trimmed().toDouble();
+        return runAgain(renderer, {u"memory"_s, QString::fromLatin1(side)}).trimmed().toDouble();
     };
     const double small = resident("16");
     const double large = resident("1024");
@@ -295,8 +295,8 @@ void compareMemory(const QString& renderer)
 
 int measureAll()
 {
-    for (const QString& renderer : {QStringLiteral("raster"), QStringLiteral("OpenGL")}) {
-        std::cout << runAgain(renderer, {QStringLiteral("frames")}).constData() << std::flush;
+    for (const QString& renderer : {u"raster"_s, u"OpenGL"_s}) {
+        std::cout << runAgain(renderer, {u"frames"_s}).constData() << std::flush;
         compareMemory(renderer);
     }
     return 0;
@@ -305,10 +305,10 @@ int measureAll()
 int measure(const QStringList& arguments)
 {
     QQuickWindow::setGraphicsApi(QSGRendererInterface::OpenGL);
-    if (arguments.at(1) == QStringLiteral("raster"))
-        QQuickWindow::setSceneGraphBackend(QStringLiteral("software"));
+    if (arguments.at(1) == u"raster"_s)
+        QQuickWindow::setSceneGraphBackend(u"software"_s);
     Fonts::load();
-    if (arguments.at(2) == QStringLiteral("memory"))
+    if (arguments.at(2) == u"memory"_s)
         return measureMemory(arguments.at(3).toLongLong());
     return measureFrames(arguments.at(1).toStdString());
 }

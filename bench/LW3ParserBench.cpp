@@ -7,6 +7,8 @@
 /// routing lists in which every item is new.
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Bench = bench::ParserBench<LW3Parser>;
@@ -68,7 +70,7 @@ void greetingBecomesState(benchmark::State& state)
 {
     const auto text = greeting(bench::portCount(state));
     for (auto _ : state) {
-        Bench bench(QStringLiteral("Bench"));
+        Bench bench(u"Bench"_s);
         hearGreeting(bench, text, bench::pieceSize(state, text));
     }
     bench::countBytes(state, text.size());
@@ -78,7 +80,7 @@ void changesBecomeEvents(benchmark::State& state)
 {
     const auto size = bench::portCount(state);
     const auto text = storm(size);
-    Bench bench(QStringLiteral("Bench"));
+    Bench bench(u"Bench"_s);
     hearGreeting(bench, greeting(size), 65536);
     for (auto _ : state) {
         bench.eventCount = 0;

@@ -32,6 +32,8 @@ Q_IMPORT_QML_PLUGIN(Corvane_Views_WorkspacePlugin)
 /// picture, and from picture to picture. Started without arguments it runs itself once for each renderer.
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int openings = 9;
@@ -75,7 +77,7 @@ public:
     ListWindow()
     {
         m_theme.serve(*m_window.engine());
-        m_window.engine()->addImportPath(QStringLiteral("qrc:/qt/qml"));
+        m_window.engine()->addImportPath(u"qrc:/qt/qml"_s);
         m_window.setResizeMode(QQuickView::SizeRootObjectToView);
         m_window.resize(900, 640);
         m_window.show();
@@ -84,9 +86,9 @@ public:
     void open(MatrixController& controller)
     {
         m_list.setController(&controller);
-        m_window.setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&m_list)},
-            {QStringLiteral("controlBarClearance"), 80}});
-        m_window.setSource(QUrl(QStringLiteral("qrc:/qt/qml/Corvane/Views/List/DestinationListView.qml")));
+        m_window.setInitialProperties(
+            {{u"model"_s, QVariant::fromValue(&m_list)}, {u"controlBarClearance"_s, 80}});
+        m_window.setSource(QUrl(u"qrc:/qt/qml/Corvane/Views/List/DestinationListView.qml"_s));
         m_window.grabWindow();
     }
 
@@ -157,11 +159,11 @@ int measure(const std::string& renderer)
 
 int measureAll(const QString& program)
 {
-    for (const auto& renderer : {QStringLiteral("raster"), QStringLiteral("OpenGL")}) {
+    for (const auto& renderer : {u"raster"_s, u"OpenGL"_s}) {
         QProcess process;
         auto environment = QProcessEnvironment::systemEnvironment();
-        if (renderer == QStringLiteral("raster"))
-            environment.insert(QStringLiteral("QT_QUICK_BACKEND"), QStringLiteral("software"));
+        if (renderer == u"raster"_s)
+            environment.insert(u"QT_QUICK_BACKEND"_s, u"software"_s);
         process.setProcessEnvironment(environment);
         process.setProcessChannelMode(QProcess::ForwardedChannels);
         process.start(program, {renderer});

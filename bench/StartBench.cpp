@@ -18,6 +18,8 @@
 /// the same mood.
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 qint64 now()
@@ -42,7 +44,7 @@ int showEmpty()
     QQuickView window;
     reportFirstFrame(window);
     QQmlComponent component(window.engine());
-    component.setData("import QtQuick\nItem {}", QUrl(QStringLiteral("qrc:/empty.qml")));
+    component.setData("import QtQuick\nItem {}", QUrl(u"qrc:/empty.qml"_s));
     window.setContent(component.url(), &component, component.create());
     window.resize(1180, 760);
     window.show();
@@ -78,8 +80,8 @@ int compare()
     std::vector<double> empty;
     std::vector<double> ours;
     for (int run = 0; run < 15; ++run) {
-        empty.push_back(millisecondsToFirstFrame(QStringLiteral("empty")));
-        ours.push_back(millisecondsToFirstFrame(QStringLiteral("corvane")));
+        empty.push_back(millisecondsToFirstFrame(u"empty"_s));
+        ours.push_back(millisecondsToFirstFrame(u"corvane"_s));
     }
     bench::printRow("start to first frame, empty Qt Quick window", bench::median(empty), "ms");
     bench::printRow("start to first frame, Corvane", bench::median(ours), "ms");
@@ -99,6 +101,5 @@ int main(int argc, char** argv)
         return corvane::compare();
     }
     const QGuiApplication application(argc, argv);
-    return QString::fromLocal8Bit(argv[1]) == QStringLiteral("empty") ? corvane::showEmpty()
-                                                                      : corvane::showCorvane();
+    return QString::fromLocal8Bit(argv[1]) == u"empty"_s ? corvane::showEmpty() : corvane::showCorvane();
 }

@@ -19,6 +19,8 @@
 /// is on the disk before the main thread goes on.
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int routers = 200;
@@ -61,7 +63,7 @@ void writeLabels(JsonWriter& writer)
             writer.beginObject();
             for (int port = 0; port < ports / 2; ++port) {
                 writer.escapedKey(QString::number(port));
-                writer.string(QStringLiteral("STUDIO %1 CAM %2").arg(router).arg(port));
+                writer.string(u"STUDIO %1 CAM %2"_s.arg(router).arg(port));
             }
             writer.endObject();
         }
@@ -72,7 +74,7 @@ void writeLabels(JsonWriter& writer)
 SubPanel panelOf(int number)
 {
     SubPanel panel;
-    panel.name = QStringLiteral("Panel %1").arg(number);
+    panel.name = u"Panel %1"_s.arg(number);
     for (qint64 port = number; port < ports; port += panelsEach / 4) {
         panel.sourceIndices.append(port);
         panel.destinationIndices.append(port);
@@ -100,7 +102,7 @@ void writePanels(JsonWriter& writer)
 Salvo salvoOf(int number)
 {
     Salvo salvo;
-    salvo.name = QStringLiteral("Salvo %1").arg(number);
+    salvo.name = u"Salvo %1"_s.arg(number);
     salvo.savedAt = Timestamp{700'000'000.25};
     for (qint64 destination = 0; destination < ports; ++destination)
         salvo.routes.append({0, destination, (destination + number) % ports});
@@ -146,9 +148,8 @@ void benchLabels(const QString& folder)
     for (int number = 0; number < 30; ++number)
         times.push_back(rename(number % routers, number));
     bench::printRow("  one rename, median", bench::median(times), "ms", "<= 16");
-    const auto size = QFileInfo(folder + QStringLiteral("/labels.json")).size();
-    bench::printRow("  as many plain bytes written and synced",
-        plainWrite(folder + QStringLiteral("/plain"), size), "ms");
+    const auto size = QFileInfo(folder + u"/labels.json"_s).size();
+    bench::printRow("  as many plain bytes written and synced", plainWrite(folder + u"/plain"_s, size), "ms");
 }
 
 void benchPanels(const QString& folder)
@@ -170,10 +171,10 @@ void benchSalvos(const QString& folder)
     for (int number = 0; number < 3; ++number)
         times.push_back(milliseconds([&] { store->add(salvoOf(number), routerID(number)); }) / 1e3);
     bench::printRow("  one salvo saved, median", bench::median(times), "s");
-    const auto size = QFileInfo(folder + QStringLiteral("/salvos.json")).size();
+    const auto size = QFileInfo(folder + u"/salvos.json"_s).size();
     bench::printRow("  its size", static_cast<double>(size) / 1e6, "MB");
-    bench::printRow("  as many plain bytes written and synced",
-        plainWrite(folder + QStringLiteral("/plain"), size) / 1e3, "s");
+    bench::printRow(
+        "  as many plain bytes written and synced", plainWrite(folder + u"/plain"_s, size) / 1e3, "s");
 }
 
 void benchFire()
@@ -209,9 +210,9 @@ int main(int argc, char** argv)
     using namespace corvane;
     const QCoreApplication application(argc, argv);
     const QTemporaryDir folder;
-    writeFile(folder.filePath(QStringLiteral("labels.json")), writeLabels);
-    writeFile(folder.filePath(QStringLiteral("panels.json")), writePanels);
-    writeFile(folder.filePath(QStringLiteral("salvos.json")), writeSalvos);
+    writeFile(folder.filePath(u"labels.json"_s), writeLabels);
+    writeFile(folder.filePath(u"panels.json"_s), writePanels);
+    writeFile(folder.filePath(u"salvos.json"_s), writeSalvos);
     benchFire();
     benchLabels(folder.path());
     benchPanels(folder.path());

@@ -7,6 +7,8 @@
 /// again later, where each line becomes an event of its own.
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Bench = bench::ParserBench<VideohubParser>;
@@ -42,7 +44,7 @@ void greetingBecomesState(benchmark::State& state)
 {
     const auto text = greeting(bench::portCount(state));
     for (auto _ : state) {
-        Bench bench(QStringLiteral("Bench"));
+        Bench bench(u"Bench"_s);
         bench.ingest(text, bench::pieceSize(state, text));
         bench::require(bench.isConnected, "The greeting was not understood.");
     }
@@ -53,7 +55,7 @@ void linesBecomeEvents(benchmark::State& state)
 {
     const auto size = bench::portCount(state);
     const auto text = tables(size);
-    Bench bench(QStringLiteral("Bench"));
+    Bench bench(u"Bench"_s);
     bench.ingest(greeting(size), 65536);
     for (auto _ : state) {
         bench.eventCount = 0;

@@ -48,8 +48,8 @@ FocusScope {
                 EmptyState {
                     anchors.fill: parent
                     symbol: "point.3.connected.trianglepath.dotted"
-                    title: qsTr("Select a Router")
-                    description: qsTr("Choose a router from the sidebar, or add a new one.")
+                    title: "Select a Router"
+                    description: "Choose a router from the sidebar, or add a new one."
                 }
             }
         }

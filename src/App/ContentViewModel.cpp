@@ -2,6 +2,8 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 ContentViewModel::ContentViewModel(const CorvaneViewModel::Environment& environment, ConnectionStore& store)
     : m_environment(environment), m_store(store), m_sidebar(store, environment.theme)
 {
@@ -23,7 +25,7 @@ QVariantList ContentViewModel::workspaces() const
 
 QString ContentViewModel::windowTitle() const
 {
-    return m_workspace ? m_workspace->windowTitle() : QStringLiteral("Corvane");
+    return m_workspace ? m_workspace->windowTitle() : u"Corvane"_s;
 }
 
 void ContentViewModel::windowIsUp()

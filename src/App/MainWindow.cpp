@@ -17,6 +17,8 @@ Q_IMPORT_QML_PLUGIN(Corvane_Views_WorkspacePlugin)
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 using namespace std::chrono_literals;
 
 namespace {
@@ -59,9 +61,9 @@ void MainWindow::showContent()
 {
     m_theme.serve(*engine());
     setResizeMode(SizeRootObjectToView);
-    engine()->addImportPath(QStringLiteral("qrc:/qt/qml"));
-    setInitialProperties({{QStringLiteral("model"), QVariant::fromValue(&m_model)}});
-    setSource(QUrl(QStringLiteral("qrc:/qt/qml/Corvane/App/ContentView.qml")));
+    engine()->addImportPath(u"qrc:/qt/qml"_s);
+    setInitialProperties({{u"model"_s, QVariant::fromValue(&m_model)}});
+    setSource(QUrl(u"qrc:/qt/qml/Corvane/App/ContentView.qml"_s));
     connect(this, &QQuickWindow::activeFocusItemChanged, this, &MainWindow::returnKeyboard);
 }
 

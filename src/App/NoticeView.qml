@@ -23,7 +23,7 @@ EmptyState {
         id: closeButton
 
         anchors.horizontalCenter: parent.horizontalCenter
-        text: qsTr("Close")
+        text: "Close"
         onClicked: root.Window.window.close()
     }
 }

@@ -17,7 +17,7 @@ Item {
     width: 9
     activeFocusOnTab: true
     Accessible.role: Accessible.Splitter
-    Accessible.name: qsTr("Width of the list of routers")
+    Accessible.name: "Width of the list of routers"
     Accessible.focusable: true
     Keys.onLeftPressed: moveTo(position - 20)
     Keys.onRightPressed: moveTo(position + 20)

@@ -117,17 +117,17 @@ void MatrixController::startCommand(Command command, FailureHandler onFailure)
 QString MatrixController::levelName(qint64 level) const
 {
     const auto found = std::ranges::find(m_state.levels, level, &RouterLevel::index);
-    return found != m_state.levels.cend() ? found->name : numbered(QStringLiteral("L%1"), level);
+    return found != m_state.levels.cend() ? found->name : numbered(u"L%1"_s, level);
 }
 
 QString MatrixController::destinationLabel(qint64 destination) const
 {
-    return labelAt(m_state.destinations, destination, QStringLiteral("Dest %1"));
+    return labelAt(m_state.destinations, destination, u"Dest %1"_s);
 }
 
 QString MatrixController::sourceLabel(qint64 source) const
 {
-    return labelAt(m_state.sources, source, QStringLiteral("Src %1"));
+    return labelAt(m_state.sources, source, u"Src %1"_s);
 }
 
 void MatrixController::setLastError(std::optional<QString> message)

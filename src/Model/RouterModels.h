@@ -17,6 +17,8 @@
 /// pointer.
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 enum class RouterVendor {
     simulator,
     blackmagicVideohub,
@@ -45,7 +47,7 @@ qint64 defaultPort(RouterVendor vendor);
 /// A saved router.
 struct RouterConnection {
     QUuid id = QUuid::createUuid();
-    QString name = QStringLiteral("Router");
+    QString name = u"Router"_s;
     RouterVendor vendor = RouterVendor::blackmagicVideohub;
     /// IP address or host name; empty for the simulator and for a router reached by its Bonjour service.
     QString host;

@@ -10,6 +10,8 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Answer = std::function<void(std::optional<bool>)>;
@@ -55,7 +57,7 @@ private:
 
 void ask(QDBusConnection& bus, QObject& owner, const Answer& onAnswer)
 {
-    auto call = QDBusMessage::createMethodCall(service, path, interface, QStringLiteral("Read"));
+    auto call = QDBusMessage::createMethodCall(service, path, interface, u"Read"_s);
     call << QString(group) << QString(key);
     auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(call), &owner);
     QObject::connect(watcher, &QDBusPendingCallWatcher::finished, &owner, [watcher, onAnswer] {
@@ -77,7 +79,7 @@ void followDesktopColorScheme(QObject& owner, const Answer& onAnswer)
     if (!bus.isConnected())
         return;
     auto* listener = new SettingListener(&owner, onAnswer);
-    bus.connect(service, path, interface, QStringLiteral("SettingChanged"), listener,
+    bus.connect(service, path, interface, u"SettingChanged"_s, listener,
         SLOT(settingChanged(QString, QString, QDBusVariant)));
     ask(bus, owner, onAnswer);
 }

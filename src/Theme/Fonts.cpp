@@ -8,6 +8,8 @@
 
 namespace corvane::Fonts {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr double bodySize = 13;
@@ -22,7 +24,7 @@ constexpr std::array<const char*, 0> textFaces{};
 
 void loadFace(const char* file)
 {
-    QFontDatabase::addApplicationFont(QStringLiteral(":/fonts/%1").arg(QLatin1String(file)));
+    QFontDatabase::addApplicationFont(u":/fonts/%1"_s.arg(QLatin1String(file)));
 }
 
 QFont sized(const QString& family, double size)
@@ -53,13 +55,13 @@ QString textFamily()
 #ifdef Q_OS_MACOS
     return QFontDatabase::systemFont(QFontDatabase::GeneralFont).family();
 #else
-    return QStringLiteral("Inter");
+    return u"Inter"_s;
 #endif
 }
 
 QString symbolFamily()
 {
-    return QStringLiteral("Corvane Symbols");
+    return u"Corvane Symbols"_s;
 }
 
 QFont text(double size, QFont::Weight weight)

@@ -91,7 +91,7 @@ T.Popup {
                 GlassButton {
                     id: cancelButton
 
-                    text: qsTr("Cancel")
+                    text: "Cancel"
                     onClicked: root.cancelled()
                     Keys.onReturnPressed: event => root.act(event, true, root.cancelled)
                     Keys.onEnterPressed: event => root.act(event, true, root.cancelled)

@@ -25,7 +25,7 @@ Rectangle {
             symbol: "minus"
             fill: "transparent"
             enabled: root.zoom.canShrink
-            Accessible.name: qsTr("Smaller cells")
+            Accessible.name: "Smaller cells"
             onClicked: root.zoom.shrink()
         }
         Symbol {
@@ -37,7 +37,7 @@ Rectangle {
             symbol: "plus"
             fill: "transparent"
             enabled: root.zoom.canGrow
-            Accessible.name: qsTr("Larger cells")
+            Accessible.name: "Larger cells"
             onClicked: root.zoom.grow()
         }
     }

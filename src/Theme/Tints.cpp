@@ -4,6 +4,8 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr float hueSaturation = 0.72F;
@@ -26,18 +28,15 @@ QColor kindTint(LevelKind kind, const GlassPalette& palette)
 
 struct StatusLooks {
     const GlassPalette& palette;
-    StatusLook operator()(const ConnectionFailed&) const { return {QStringLiteral("Error"), palette.red}; }
-    StatusLook operator()(const Disconnected&) const
-    {
-        return {QStringLiteral("Offline"), palette.secondary};
-    }
+    StatusLook operator()(const ConnectionFailed&) const { return {u"Error"_s, palette.red}; }
+    StatusLook operator()(const Disconnected&) const { return {u"Offline"_s, palette.secondary}; }
     StatusLook operator()(const Connecting&) const
     {
-        return {.word = QStringLiteral("Connecting…"), .color = palette.orange, .pulses = true};
+        return {.word = u"Connecting…"_s, .color = palette.orange, .pulses = true};
     }
     StatusLook operator()(const Connected&) const
     {
-        return {.word = QStringLiteral("Online"), .color = palette.green, .glows = true};
+        return {.word = u"Online"_s, .color = palette.green, .glows = true};
     }
 };
 

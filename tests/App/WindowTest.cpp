@@ -10,6 +10,8 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 using namespace std::chrono_literals;
 
 namespace {
@@ -54,7 +56,7 @@ void WindowTest::SetUp()
     wear(Appearance::light);
     // The operator's preferences stay out of it.
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_folder.path());
-    writeFile(m_folder.path(QStringLiteral("connections.json")), savedRouters);
+    writeFile(m_folder.path(u"connections.json"_s), savedRouters);
     store = std::make_unique<ConnectionStore>(
         queue, [this](const RouterConnection& router) { return makeDriver(router); }, m_folder.path());
     window = std::make_unique<MainWindow>(queue, *store);
@@ -63,10 +65,10 @@ void WindowTest::SetUp()
     window->show();
     window->requestActivate();
     queue.advance(launch);
-    report(QStringLiteral("Studio Videohub"), driverEvent::Connected{});
-    report(QStringLiteral("Ultrix Main"), driverEvent::Disconnected{});
-    report(QStringLiteral("KUMO Stage"), driverEvent::Connected{});
-    report(QStringLiteral("MX2 Conference"), driverEvent::Error{QStringLiteral("Connection refused")});
+    report(u"Studio Videohub"_s, driverEvent::Connected{});
+    report(u"Ultrix Main"_s, driverEvent::Disconnected{});
+    report(u"KUMO Stage"_s, driverEvent::Connected{});
+    report(u"MX2 Conference"_s, driverEvent::Error{u"Connection refused"_s});
     settle();
 }
 

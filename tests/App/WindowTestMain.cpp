@@ -5,6 +5,8 @@
 
 #include <gmock/gmock.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Windows come out the same on every machine: whatever could sway them is set, or taken away.
@@ -26,7 +28,7 @@ void forgetTheMachine()
 int main(int argc, char** argv)
 {
     forgetTheMachine();
-    QGuiApplication::setOrganizationName(QStringLiteral("CorvaneTests"));
+    QGuiApplication::setOrganizationName(u"CorvaneTests"_s);
     const QGuiApplication application(argc, argv);
     corvane::Fonts::load();
     // A text cursor that stands still.

@@ -6,6 +6,8 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 std::string portTexts(const QList<Port>& ports, PortKind kind)
@@ -23,7 +25,7 @@ std::string portTexts(const QList<Port>& ports, PortKind kind)
 std::string oddLevelTexts(const RouterState& state)
 {
     std::string text;
-    const QList<RouterLevel> usual{{0, QStringLiteral("Video"), LevelKind::video}};
+    const QList<RouterLevel> usual{{0, u"Video"_s, LevelKind::video}};
     for (const auto& level : state.levels) {
         if (state.levels != usual)
             text += " level " + std::to_string(level.index) + " " + level.name.toStdString();

@@ -16,6 +16,8 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using namespace std::chrono_literals;
@@ -48,8 +50,8 @@ Family family(const char* name)
 RouterConnection connectionTo(const emulator::EmulatorServer* router)
 {
     RouterConnection connection;
-    connection.name = QStringLiteral("Studio");
-    connection.host = QStringLiteral("127.0.0.1");
+    connection.name = u"Studio"_s;
+    connection.host = u"127.0.0.1"_s;
     connection.port = router ? router->port() : 0;
     connection.simSourceCount = 2;
     connection.simDestinationCount = 2;

@@ -6,6 +6,8 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Each family on a thread of its own, as in the program: what crosses over is what ThreadSanitizer is to
@@ -17,7 +19,7 @@ TEST(OwnThread, ServesEveryFamilyWhileTheMainThreadCommandsAndTheRouterDropsTheL
         emulator::EmulatedMatrix matrix(2, 2);
         const auto router = family.makeRouter(matrix);
         MainQueue mainQueue;
-        ThreadQueue queue(QStringLiteral("test.driver"));
+        ThreadQueue queue(u"test.driver"_s);
         for (int round = 0; round < 3; ++round) {
             const auto driver = family.makeDriver(connectionTo(router.get()), queue);
             EventLog log(driver->events(), mainQueue);
@@ -27,7 +29,7 @@ TEST(OwnThread, ServesEveryFamilyWhileTheMainThreadCommandsAndTheRouterDropsTheL
             EXPECT_FALSE(outcome(driver->takeAll({{0, 0, source}, {0, 1, source}})));
             // Not every family can, and that is seen on its thread. A lock would outlive its round.
             (void)outcome(driver->setLock(0, 0, round == 2));
-            (void)outcome(driver->setLabel(QStringLiteral("A"), round % 2, PortKind::source));
+            (void)outcome(driver->setLabel(u"A"_s, round % 2, PortKind::source));
             EXPECT_TRUE(pumpUntil([&] { return matrix.source(0, 1) == source; }));
             if (round == 1) {
                 router->dropClients(emulator::EmulatorServer::Drop::InMidMessage);

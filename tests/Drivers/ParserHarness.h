@@ -10,13 +10,15 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 using Texts = std::vector<std::string>;
 
 /// A router called "Studio" of a saved size.
 inline RouterConnection studio(qint64 sources, qint64 destinations)
 {
     RouterConnection router;
-    router.name = QStringLiteral("Studio");
+    router.name = u"Studio"_s;
     router.simSourceCount = sources;
     router.simDestinationCount = destinations;
     return router;

@@ -12,17 +12,19 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 /// A router of this size: sources "In 1"…, destinations "Out 1"…, each destination d fed by source d on every
 /// level as far as there are sources.
 inline RouterState matrix(qint64 sources, qint64 destinations, qint64 levels = 1)
 {
     RouterState state;
     for (qint64 i = 0; i < sources; ++i)
-        state.sources.append({i, PortKind::source, QStringLiteral("In %1").arg(i + 1)});
+        state.sources.append({i, PortKind::source, u"In %1"_s.arg(i + 1)});
     for (qint64 i = 0; i < destinations; ++i)
-        state.destinations.append({i, PortKind::destination, QStringLiteral("Out %1").arg(i + 1)});
+        state.destinations.append({i, PortKind::destination, u"Out %1"_s.arg(i + 1)});
     for (qint64 level = 0; level < levels; ++level) {
-        state.levels.append({level, QStringLiteral("Level %1").arg(level), LevelKind::video});
+        state.levels.append({level, u"Level %1"_s.arg(level), LevelKind::video});
         for (qint64 i = 0; i < std::min(sources, destinations); ++i)
             state.routing[level].insert(i, i);
     }

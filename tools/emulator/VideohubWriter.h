@@ -10,6 +10,8 @@
 
 namespace corvane::emulator {
 
+using namespace Qt::StringLiterals;
+
 /// How firmware versions differ. Each is off on a present-day device.
 struct VideohubQuirks {
     bool omitEndPrelude = false;
@@ -29,11 +31,11 @@ struct VideohubQuirks {
 };
 
 struct VideohubIdentity {
-    QString protocolVersion = QStringLiteral("2.8");
+    QString protocolVersion = u"2.8"_s;
     /// Made from the size where empty.
     QString modelName;
     /// Not told where empty.
-    QString friendlyName = QStringLiteral("Emulated Videohub");
+    QString friendlyName = u"Emulated Videohub"_s;
 };
 
 namespace videohub {

@@ -7,6 +7,8 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 /// Why a driver command was not sent. The description is what the operator reads.
 class DriverError : public std::exception {
 public:
@@ -37,8 +39,8 @@ private:
 
 /// The features that a router may lack.
 namespace feature {
-inline const auto locking = QStringLiteral("Locking");
-inline const auto renaming = QStringLiteral("Renaming");
+inline const auto locking = u"Locking"_s;
+inline const auto renaming = u"Renaming"_s;
 } // namespace feature
 
 } // namespace corvane

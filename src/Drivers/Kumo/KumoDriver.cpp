@@ -10,6 +10,8 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using namespace std::chrono_literals;
@@ -37,13 +39,13 @@ KumoDriver::~KumoDriver()
 QCoro::Task<> KumoDriver::connect()
 {
     if (m_connection.host.isEmpty()) {
-        yield(driverEvent::Error{QStringLiteral("No address for this router. Edit it and set a host.")});
+        yield(driverEvent::Error{u"No address for this router. Edit it and set a host."_s});
         co_return;
     }
-    yield(driverEvent::Status{QStringLiteral("Contacting KUMO at %1…").arg(m_connection.host)});
+    yield(driverEvent::Status{u"Contacting KUMO at %1…"_s.arg(m_connection.host)});
     if (co_await readSize() == Reading::abandoned)
         co_return;
-    yield(driverEvent::Status{QStringLiteral("Reading routing and labels…")});
+    yield(driverEvent::Status{u"Reading routing and labels…"_s});
     tellReadingProgress(0);
     auto sources = co_await readPorts(PortKind::source, m_sourceCount);
     auto destinations = co_await readPorts(PortKind::destination, m_destinationCount);
@@ -88,7 +90,7 @@ QCoro::Task<> KumoDriver::take(qint64 source, qint64 destination, qint64)
     setRoute(destination, actual);
     if (actual != source)
         yield(driverEvent::CommandRefused{
-            QStringLiteral("KUMO kept Out %1 on In %2.").arg(oneBased(destination)).arg(*number)});
+            u"KUMO kept Out %1 on In %2."_s.arg(oneBased(destination)).arg(*number)});
 }
 
 QCoro::Task<> KumoDriver::setLock(qint64, qint64, bool)
@@ -109,10 +111,10 @@ QCoro::Task<QByteArray> KumoDriver::get(QString path)
 {
     const QUrl url(KumoParser::baseURL(m_connection.host, m_connection.port) + path, QUrl::StrictMode);
     if (!url.isValid())
-        throw DriverError::protocolError(QStringLiteral("Bad URL for %1").arg(path));
+        throw DriverError::protocolError(u"Bad URL for %1"_s.arg(path));
     const auto reply = co_await m_client.get(url);
     if (reply.status != 200)
-        throw DriverError::transport(QStringLiteral("HTTP %1").arg(reply.status));
+        throw DriverError::transport(u"HTTP %1"_s.arg(reply.status));
     co_return reply.body;
 }
 
@@ -121,7 +123,7 @@ QCoro::Task<qint64> KumoDriver::intParam(QString parameter)
     const auto value = KumoParser::parameterValue(co_await get(KumoParser::readPath(parameter)));
     const auto number = value ? KumoParser::integer(*value) : std::nullopt;
     if (!number)
-        throw DriverError::protocolError(QStringLiteral("%1 returned no number").arg(parameter));
+        throw DriverError::protocolError(u"%1 returned no number"_s.arg(parameter));
     co_return *number;
 }
 
@@ -155,14 +157,13 @@ QCoro::Task<KumoDriver::Reading> KumoDriver::readSize()
             co_return Reading::abandoned;
         m_destinationCount = co_await intParam(KumoParser::destinationCountParameter());
     } catch (const std::exception& failure) {
-        yield(driverEvent::Error{
-            QStringLiteral("KUMO didn't answer: %1").arg(QString::fromUtf8(failure.what()))});
+        yield(driverEvent::Error{u"KUMO didn't answer: %1"_s.arg(QString::fromUtf8(failure.what()))});
         co_return Reading::abandoned;
     }
     if (m_isTorn)
         co_return Reading::abandoned;
     if (m_sourceCount < 1 || m_destinationCount < 1) {
-        yield(driverEvent::Error{QStringLiteral("KUMO reported a zero-sized matrix.")});
+        yield(driverEvent::Error{u"KUMO reported a zero-sized matrix."_s});
         co_return Reading::abandoned;
     }
     m_sourceCount = std::min(m_sourceCount, largestSide);
@@ -196,7 +197,7 @@ RouterState KumoDriver::makeState(QList<Port> sources, QList<Port> destinations)
 {
     RouterState state;
     state.deviceName = m_connection.name;
-    state.model = QStringLiteral("KUMO %1×%2").arg(m_sourceCount).arg(m_destinationCount);
+    state.model = u"KUMO %1×%2"_s.arg(m_sourceCount).arg(m_destinationCount);
     state.vendor = RouterVendor::ajaKumo;
     state.sources = std::move(sources);
     state.destinations = std::move(destinations);

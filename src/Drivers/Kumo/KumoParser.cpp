@@ -12,6 +12,8 @@
 
 namespace corvane::KumoParser {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Json = nlohmann::json;
@@ -88,40 +90,40 @@ std::optional<QString> label(const Value& value)
 
 QString sourceCountParameter()
 {
-    return QStringLiteral("eParamID_NumberOfSources");
+    return u"eParamID_NumberOfSources"_s;
 }
 
 QString destinationCountParameter()
 {
-    return QStringLiteral("eParamID_NumberOfDestinations");
+    return u"eParamID_NumberOfDestinations"_s;
 }
 
 QString labelParameter(PortKind kind, qint64 index)
 {
-    const auto port = kind == PortKind::source ? QStringLiteral("Source") : QStringLiteral("Destination");
-    return QStringLiteral("eParamID_XPT_%1%2_Line_1").arg(port, QString::number(oneBased(index)));
+    const auto port = kind == PortKind::source ? u"Source"_s : u"Destination"_s;
+    return u"eParamID_XPT_%1%2_Line_1"_s.arg(port, QString::number(oneBased(index)));
 }
 
 QString statusParameter(qint64 destination)
 {
-    return QStringLiteral("eParamID_XPT_Destination%1_Status").arg(oneBased(destination));
+    return u"eParamID_XPT_Destination%1_Status"_s.arg(oneBased(destination));
 }
 
 QString baseURL(const QString& host, qint64 port)
 {
     constexpr qint64 webPort = 80;
-    return QStringLiteral("http://%1:%2/").arg(host, QString::number(port == 0 ? webPort : port));
+    return u"http://%1:%2/"_s.arg(host, QString::number(port == 0 ? webPort : port));
 }
 
 QString readPath(const QString& parameter)
 {
-    return QStringLiteral("config?action=get&paramid=") + parameter;
+    return u"config?action=get&paramid="_s + parameter;
 }
 
 QString setRoutePath(qint64 source, qint64 destination)
 {
-    return QStringLiteral("config?action=set&paramid=%1&value=%2")
-        .arg(statusParameter(destination), QString::number(oneBased(source)));
+    return u"config?action=set&paramid=%1&value=%2"_s.arg(
+        statusParameter(destination), QString::number(oneBased(source)));
 }
 
 QString setLabelPath(const QString& parameter, const QString& label)
@@ -129,7 +131,7 @@ QString setLabelPath(const QString& parameter, const QString& label)
     // What a URL's query may hold as it is, without what has a meaning there to the device.
     static constexpr auto* keptAsTheyAre = "!$'()*,;:@";
     const auto encoded = QString::fromLatin1(QUrl::toPercentEncoding(label, keptAsTheyAre));
-    return QStringLiteral("config?action=set&paramid=%1&value=%2").arg(parameter, encoded);
+    return u"config?action=set&paramid=%1&value=%2"_s.arg(parameter, encoded);
 }
 
 } // namespace corvane::KumoParser

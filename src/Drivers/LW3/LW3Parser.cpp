@@ -9,6 +9,8 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr auto* askForMatrix = "GET /MEDIA/XP/VIDEO.*";
@@ -30,13 +32,13 @@ QString kindText(LW3Parser::Command command)
 {
     switch (command) {
     case LW3Parser::Command::route:
-        return QStringLiteral("Route");
+        return u"Route"_s;
     case LW3Parser::Command::lock:
-        return QStringLiteral("Lock");
+        return u"Lock"_s;
     case LW3Parser::Command::rename:
         break;
     }
-    return QStringLiteral("Rename");
+    return u"Rename"_s;
 }
 
 /// Behind the last "%" that is followed by anything: "E002:Not exists".
@@ -107,7 +109,7 @@ void LW3Parser::handleError(std::string_view line)
     const auto command = m_pendingCommands.constFind(*m_currentBlock);
     if (command == m_pendingCommands.cend())
         return;
-    refuse(QStringLiteral("%1 refused: %2").arg(kindText(*command), text::fromDevice(errorDetail(line))));
+    refuse(u"%1 refused: %2"_s.arg(kindText(*command), text::fromDevice(errorDetail(line))));
     startResync();
 }
 
@@ -165,7 +167,7 @@ RouterState LW3Parser::completeState() const
 {
     RouterState state;
     state.deviceName = m_deviceName;
-    state.model = m_productName.isEmpty() ? QStringLiteral("Lightware MX2") : m_productName;
+    state.model = m_productName.isEmpty() ? u"Lightware MX2"_s : m_productName;
     state.vendor = RouterVendor::lightware;
     state.sources = portList(PortKind::source, m_inputs.count, m_inputs.labels);
     state.destinations = portList(PortKind::destination, m_outputs.count, m_outputs.labels);

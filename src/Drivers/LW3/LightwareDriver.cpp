@@ -7,6 +7,8 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QByteArray portName(PortKind kind, qint64 index)
@@ -69,7 +71,7 @@ QCoro::Task<> LightwareDriver::setLabel(QString label, qint64 index, PortKind ki
 
 QString LightwareDriver::readyText() const
 {
-    return QStringLiteral("Reading router state…");
+    return u"Reading router state…"_s;
 }
 
 void LightwareDriver::sendSigned(const QByteArrayList& commands, LW3Parser::Command kind) const

@@ -8,6 +8,8 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using namespace std::chrono_literals;
@@ -34,7 +36,7 @@ QList<Port> makePorts(PortKind kind, qint64 count, const std::array<const char*,
     for (qint64 i = 0; i < count; ++i) {
         const auto round = (i / static_cast<qint64>(size)) + 1;
         const auto stem = QString::fromLatin1(cycled(stems, i));
-        ports.append({i, kind, QStringLiteral("%1 %2").arg(stem, QString::number(round))});
+        ports.append({i, kind, u"%1 %2"_s.arg(stem, QString::number(round))});
     }
     return ports;
 }
@@ -70,12 +72,12 @@ RouterState simulatedState(const RouterConnection& connection)
     const auto destinationCount = simulatedSide(connection.simDestinationCount);
     RouterState state;
     state.deviceName = connection.name;
-    state.model = QStringLiteral("Virtual %1×%2").arg(sourceCount).arg(destinationCount);
+    state.model = u"Virtual %1×%2"_s.arg(sourceCount).arg(destinationCount);
     state.vendor = RouterVendor::simulator;
     state.sources = makePorts(PortKind::source, sourceCount, sourceStems);
     state.destinations = makePorts(PortKind::destination, destinationCount, destinationStems);
-    state.levels = {{0, QStringLiteral("Video"), LevelKind::video},
-        {1, QStringLiteral("Audio 1"), LevelKind::audio}, {2, QStringLiteral("Audio 2"), LevelKind::audio}};
+    state.levels = {{0, u"Video"_s, LevelKind::video}, {1, u"Audio 1"_s, LevelKind::audio},
+        {2, u"Audio 2"_s, LevelKind::audio}};
     for (const auto& level : std::as_const(state.levels))
         state.routing.insert(level.index, makeRouting(level.index, sourceCount, destinationCount));
     for (qint64 source = 0; source < sourceCount; ++source)
@@ -90,7 +92,7 @@ SimulatorDriver::SimulatorDriver(const RouterConnection& connection, SerialQueue
 
 QCoro::Task<> SimulatorDriver::connect()
 {
-    yield(driverEvent::Status{QStringLiteral("Starting simulator…")});
+    yield(driverEvent::Status{u"Starting simulator…"_s});
     co_await sleepFor(m_mainQueue, startTime, m_end.get_token());
     if (m_end.stop_requested())
         co_return;

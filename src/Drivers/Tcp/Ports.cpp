@@ -7,6 +7,8 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 qint64 oneBased(qint64 index)
 {
     return index == std::numeric_limits<qint64>::max() ? index : index + 1;
@@ -36,7 +38,7 @@ QList<Port> portList(PortKind kind, qint64 count, PortTable<QString> labels)
 
 QList<RouterLevel> onlyVideoLevel()
 {
-    return {{0, QStringLiteral("Video"), LevelKind::video}};
+    return {{0, u"Video"_s, LevelKind::video}};
 }
 
 } // namespace corvane

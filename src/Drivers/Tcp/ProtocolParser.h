@@ -17,6 +17,8 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 /// What a TCP driver needs of its protocol: all that the device said, and what it means.
 ///
 /// Knows no socket: bytes are handed in, and what is to be sent goes out through a function that the driver
@@ -74,7 +76,7 @@ protected:
     void readPieces(DelimitedReader& reader, std::string_view bytes, OnPiece&& onPiece)
     {
         if (reader.feed(bytes, std::forward<OnPiece>(onPiece)))
-            refuse(QStringLiteral("The router sent a message without an end; it was left out."));
+            refuse(u"The router sent a message without an end; it was left out."_s);
     }
 
     /// Lets out what was collected. Called by the parser itself where neither a delivery nor a timer is at

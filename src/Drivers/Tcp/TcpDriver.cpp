@@ -6,6 +6,8 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Turns the connection's states into events. The watchdog guards the time until the link is up or given up.
@@ -26,7 +28,7 @@ public:
 
     void operator()(const TcpConnection::Waiting& waiting)
     {
-        m_events.yield(driverEvent::Status{QStringLiteral("Waiting for router… (%1)").arg(waiting.error)});
+        m_events.yield(driverEvent::Status{u"Waiting for router… (%1)"_s.arg(waiting.error)});
     }
 
     void operator()(const TcpConnection::Ready&)
@@ -39,7 +41,7 @@ public:
     void operator()(const TcpConnection::Failed& failed)
     {
         over();
-        m_events.yield(driverEvent::Error{QStringLiteral("Connection failed: %1").arg(failed.error)});
+        m_events.yield(driverEvent::Error{u"Connection failed: %1"_s.arg(failed.error)});
     }
 
     void operator()(const TcpConnection::Cancelled&)
@@ -75,9 +77,9 @@ struct ReceiveLoop {
         if (!delivery.bytes.isEmpty())
             parser->ingest({delivery.bytes.constData(), static_cast<std::size_t>(delivery.bytes.size())});
         if (delivery.isComplete)
-            end(driverEvent::Disconnected{QStringLiteral("The router closed the connection.")});
+            end(driverEvent::Disconnected{u"The router closed the connection."_s});
         else if (delivery.error)
-            end(driverEvent::Error{QStringLiteral("Receive failed: %1").arg(*delivery.error)});
+            end(driverEvent::Error{u"Receive failed: %1"_s.arg(*delivery.error)});
         else
             receiveMore();
     }
@@ -109,7 +111,7 @@ WorkItem startWatchdog(
         if (!waiting || waiting->isReady())
             return;
         waiting->cancel();
-        events.yield(driverEvent::Error{QStringLiteral("The router didn't answer within 12 seconds.")});
+        events.yield(driverEvent::Error{u"The router didn't answer within 12 seconds."_s});
     });
 }
 
@@ -148,7 +150,7 @@ QCoro::Task<> TcpDriver::disconnect()
 
 QString TcpDriver::noAddressText() const
 {
-    return QStringLiteral("No address for this router. Edit it and set a host.");
+    return u"No address for this router. Edit it and set a host."_s;
 }
 
 std::optional<Endpoint> TcpDriver::endpoint() const
@@ -163,10 +165,9 @@ std::optional<Endpoint> TcpDriver::endpoint() const
 QString TcpDriver::connectingText(const Endpoint& endpoint) const
 {
     if (const auto* const service = std::get_if<ServiceEndpoint>(&endpoint))
-        return QStringLiteral("Connecting to %1 via Bonjour…").arg(service->name);
+        return u"Connecting to %1 via Bonjour…"_s.arg(service->name);
     // The port as the operator typed it, even where another one had to be taken.
-    return QStringLiteral("Connecting to %1:%2…")
-        .arg(m_connectionInfo.host, QString::number(m_connectionInfo.port));
+    return u"Connecting to %1:%2…"_s.arg(m_connectionInfo.host, QString::number(m_connectionInfo.port));
 }
 
 void TcpDriver::open(Endpoint endpoint)
@@ -200,8 +201,7 @@ void TcpDriver::writeToLink(const QByteArray& bytes, std::function<void()> recov
     m_connection->send(bytes, [events = events(), recover = std::move(recover)](const auto& error) {
         if (!error)
             return;
-        events.yield(
-            driverEvent::CommandRefused{QStringLiteral("Couldn't send the command: %1").arg(*error)});
+        events.yield(driverEvent::CommandRefused{u"Couldn't send the command: %1"_s.arg(*error)});
         recover();
     });
 }

@@ -6,6 +6,8 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QByteArray line(qint64 port, const QByteArray& value)
@@ -62,7 +64,7 @@ QCoro::Task<> VideohubDriver::setLabel(QString label, qint64 index, PortKind kin
 
 QString VideohubDriver::readyText() const
 {
-    return QStringLiteral("Reading router state…");
+    return u"Reading router state…"_s;
 }
 
 std::optional<ServiceEndpoint> VideohubDriver::service() const
@@ -70,13 +72,12 @@ std::optional<ServiceEndpoint> VideohubDriver::service() const
     const auto& info = connectionInfo();
     if (!info.bonjourName || !info.bonjourType)
         return std::nullopt;
-    return ServiceEndpoint{
-        *info.bonjourName, *info.bonjourType, info.bonjourDomain.value_or(QStringLiteral("local."))};
+    return ServiceEndpoint{*info.bonjourName, *info.bonjourType, info.bonjourDomain.value_or(u"local."_s)};
 }
 
 QString VideohubDriver::noAddressText() const
 {
-    return QStringLiteral("No address for this router. Edit it and set a host, or re-add it from discovery.");
+    return u"No address for this router. Edit it and set a host, or re-add it from discovery."_s;
 }
 
 void VideohubDriver::sendBlock(const QByteArray& header, const QByteArrayList& lines) const

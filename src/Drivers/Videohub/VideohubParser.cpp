@@ -9,6 +9,8 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr char unlocked = 'U';
@@ -175,7 +177,7 @@ void VideohubParser::handle(std::string_view block)
 
 void VideohubParser::handleRefusal()
 {
-    refuse(QStringLiteral("The router refused the last command."));
+    refuse(u"The router refused the last command."_s);
     askForMatrix();
 }
 
@@ -255,7 +257,7 @@ RouterState VideohubParser::completeState(VideohubPrelude prelude) const
 {
     RouterState state;
     state.deviceName = prelude.friendlyName.isEmpty() ? m_deviceName : prelude.friendlyName;
-    state.model = prelude.model.isEmpty() ? QStringLiteral("Blackmagic Videohub") : prelude.model;
+    state.model = prelude.model.isEmpty() ? u"Blackmagic Videohub"_s : prelude.model;
     state.vendor = RouterVendor::blackmagicVideohub;
     state.sources = portList(PortKind::source, prelude.inputCount, std::move(prelude.inputLabels));
     state.destinations =

@@ -54,7 +54,7 @@ Item {
                 id: levelPicker
 
                 anchors.fill: parent
-                label: qsTr("Level")
+                label: "Level"
                 texts: root.content.levels
                 currentIndex: root.content.level
                 onChosen: index => root.model.chooseLevel(index)

@@ -9,6 +9,8 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString label(const QList<Port>& ports, qint64 position)
@@ -19,14 +21,13 @@ QString label(const QList<Port>& ports, qint64 position)
 QString targets(const QList<qint64>& destinations, const RouterState& state)
 {
     if (destinations.size() == 1)
-        return QStringLiteral("→ %1").arg(label(state.destinations, destinations.front()));
-    return QStringLiteral("→ %1 destinations").arg(destinations.size());
+        return u"→ %1"_s.arg(label(state.destinations, destinations.front()));
+    return u"→ %1 destinations"_s.arg(destinations.size());
 }
 
 QString hint(RoutingDirection direction)
 {
-    return direction == RoutingDirection::sourceLed ? QStringLiteral("Tap destinations to stage")
-                                                    : QStringLiteral("Stage a route");
+    return direction == RoutingDirection::sourceLed ? u"Tap destinations to stage"_s : u"Stage a route"_s;
 }
 
 } // namespace
@@ -119,8 +120,8 @@ void ControlBarModel::tellLevels(ControlBarContent& content) const
         content.level = static_cast<int>(shown - state.levels.cbegin());
 
     const bool follows = controller()->breakawayLevels().isEmpty();
-    content.followText = follows ? QStringLiteral("Follow") : QStringLiteral("Breakaway");
-    content.followSymbol = follows ? QStringLiteral("link") : QStringLiteral("scissors");
+    content.followText = follows ? u"Follow"_s : u"Breakaway"_s;
+    content.followSymbol = follows ? u"link"_s : u"scissors"_s;
     content.followTint = follows
         ? palette().secondary
         : tintText(levelTint(state, controller()->primaryLevel(), palette()), palette());

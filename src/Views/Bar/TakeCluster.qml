@@ -50,12 +50,12 @@ Row {
         anchors.verticalCenter: parent.verticalCenter
         symbol: "xmark"
         enabled: root.model.content.canClear
-        Accessible.name: qsTr("Clear staged route")
+        Accessible.name: "Clear staged route"
         onClicked: root.model.clearPending()
     }
     ProminentButton {
         anchors.verticalCenter: parent.verticalCenter
-        text: qsTr("Take")
+        text: "Take"
         symbol: "checkmark"
         enabled: root.model.content.canTake
         onClicked: root.model.confirmTake()

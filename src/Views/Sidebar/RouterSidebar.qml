@@ -16,7 +16,7 @@ Rectangle {
 
         x: 18
         y: 16
-        text: qsTr("Corvane")
+        text: "Corvane"
         font: GlassKit.headingFont
         Accessible.role: Accessible.Heading
     }
@@ -28,8 +28,8 @@ Rectangle {
         symbolSize: 20
         fill: "transparent"
         tint: GlassKit.colors.secondary
-        tip: qsTr("Add Router")
-        Accessible.name: qsTr("Add Router")
+        tip: "Add Router"
+        Accessible.name: "Add Router"
         onClicked: root.model.addRouter()
     }
     PlainText {
@@ -37,7 +37,7 @@ Rectangle {
 
         x: 18
         y: 58
-        text: qsTr("Routers")
+        text: "Routers"
         font: GlassKit.captionStrongFont
         color: GlassKit.colors.secondary
         Accessible.ignored: true
@@ -60,7 +60,7 @@ Rectangle {
             visible: true
             title: root.model.deleteTitle
             message: root.model.deleteMessage
-            acceptText: qsTr("Delete")
+            acceptText: "Delete"
             destructive: true
             onAccepted: root.model.confirmDelete()
             onCancelled: root.model.cancelDelete()

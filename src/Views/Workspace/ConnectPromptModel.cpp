@@ -4,6 +4,8 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 bool isConnecting(const ConnectionStatus& status)
@@ -19,7 +21,7 @@ QString failure(const ConnectionStatus& status)
 
 QString percentRead(double fraction)
 {
-    return QStringLiteral("%1% read").arg(qFloor(fraction * 100));
+    return u"%1% read"_s.arg(qFloor(fraction * 100));
 }
 
 } // namespace
@@ -44,15 +46,14 @@ void ConnectPromptModel::refresh()
         {.symbol = symbolName(connection.vendor),
             .tint = routerColor(connection, palette()),
             .name = connection.name,
-            .address = QStringLiteral("%1 · %2").arg(
-                displayName(connection.vendor), connection.endpointDescription()),
+            .address = u"%1 · %2"_s.arg(displayName(connection.vendor), connection.endpointDescription()),
             .status = statusLook(status, palette()),
             .failure = failure(status),
             .showsProgress = progress.has_value(),
             .progress = progress.value_or(0),
             .progressText = progress ? percentRead(*progress) : QString(),
-            .buttonText = canCancel ? QStringLiteral("Cancel") : QStringLiteral("Connect"),
-            .buttonSymbol = canCancel ? QStringLiteral("xmark") : QStringLiteral("bolt.fill")});
+            .buttonText = canCancel ? u"Cancel"_s : u"Connect"_s,
+            .buttonSymbol = canCancel ? u"xmark"_s : u"bolt.fill"_s});
 }
 
 } // namespace corvane

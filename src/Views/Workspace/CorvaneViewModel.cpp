@@ -4,6 +4,8 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Between the floating bar and the last row.
@@ -13,7 +15,7 @@ QString subtitle(const MatrixController& controller)
 {
     QStringList parts{controller.state().model, controller.statusMessage()};
     parts.removeAll(QString());
-    return parts.join(QStringLiteral(" · "));
+    return parts.join(u" · "_s);
 }
 
 bool isMismatch(const MatrixController& controller)
@@ -61,7 +63,7 @@ QString CorvaneViewModel::windowTitle() const
 {
     if (m_content.subtitle.isEmpty())
         return m_content.title;
-    return QStringLiteral("%1 — %2").arg(m_content.title, m_content.subtitle);
+    return u"%1 — %2"_s.arg(m_content.title, m_content.subtitle);
 }
 
 void CorvaneViewModel::setControlBarHeight(double height)

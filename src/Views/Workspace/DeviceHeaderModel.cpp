@@ -2,6 +2,8 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 void DeviceHeaderModel::refresh()
 {
     const auto& connection = controller()->connection();
@@ -22,11 +24,11 @@ QString DeviceHeaderModel::specs() const
     const auto level = controller()->levelName(controller()->primaryLevel());
     const auto panel = controller()->activePanel();
     if (!panel)
-        return QStringLiteral("%1 in × %2 out · %3").arg(sources, destinations, level);
+        return u"%1 in × %2 out · %3"_s.arg(sources, destinations, level);
     const auto visibleSources = QString::number(controller()->visibleSources().size());
     const auto visibleDestinations = QString::number(controller()->visibleDestinations().size());
-    return QStringLiteral("%1 · %2 of %3 in × %4 of %5 out · %6")
-        .arg(panel->name, visibleSources, sources, visibleDestinations, destinations, level);
+    return u"%1 · %2 of %3 in × %4 of %5 out · %6"_s.arg(
+        panel->name, visibleSources, sources, visibleDestinations, destinations, level);
 }
 
 } // namespace corvane

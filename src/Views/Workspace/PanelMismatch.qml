@@ -9,18 +9,18 @@ EmptyState {
     required property CorvaneViewModel model
 
     symbol: "rectangle.on.rectangle.slash"
-    title: qsTr("Panel Doesn't Match This Router")
-    description: qsTr("None of this panel's saved ports exist on the connected router.")
+    title: "Panel Doesn't Match This Router"
+    description: "None of this panel's saved ports exist on the connected router."
 
     Row {
         anchors.horizontalCenter: parent.horizontalCenter
         spacing: GlassKit.controlSpacing
 
         ProminentButton {
-            text: qsTr("Edit Panel…")
+            text: "Edit Panel…"
         }
         GlassButton {
-            text: qsTr("Show Full Router")
+            text: "Show Full Router"
             onClicked: root.model.showFullRouter()
         }
     }

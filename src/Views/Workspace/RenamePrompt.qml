@@ -9,7 +9,7 @@ GlassAlert {
     required property RenamePromptModel model
 
     title: model.renameTitle
-    acceptText: qsTr("Save")
+    acceptText: "Save"
     onAccepted: model.commitRename()
     onCancelled: model.cancel()
     onOpened: field.selectAll()
@@ -19,9 +19,9 @@ GlassAlert {
 
         width: parent.width
         focus: true
-        placeholderText: qsTr("Name")
+        placeholderText: "Name"
         text: root.model.renameDraft
-        Accessible.name: qsTr("Name")
+        Accessible.name: "Name"
         onTextEdited: root.model.renameDraft = text
     }
 }

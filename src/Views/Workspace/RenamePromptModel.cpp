@@ -2,12 +2,13 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 QString RenamePromptModel::renameTitle() const
 {
     if (!m_target)
         return {};
-    return m_target->kind == PortKind::source ? QStringLiteral("Rename Source")
-                                              : QStringLiteral("Rename Destination");
+    return m_target->kind == PortKind::source ? u"Rename Source"_s : u"Rename Destination"_s;
 }
 
 QString RenamePromptModel::renameDraft() const

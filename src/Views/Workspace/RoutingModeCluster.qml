@@ -23,7 +23,7 @@ Item {
         spacing: 10
 
         SegmentedPicker {
-            label: qsTr("Take")
+            label: "Take"
             texts: root.model.takeModeTexts
             symbols: root.model.takeModeSymbols
             currentIndex: root.model.content.takeMode
@@ -37,7 +37,7 @@ Item {
         }
         SegmentedPicker {
             visible: root.model.content.showsDirection
-            label: qsTr("Direction")
+            label: "Direction"
             texts: root.model.directionTexts
             currentIndex: root.model.content.direction
             tip: root.model.content.directionTip

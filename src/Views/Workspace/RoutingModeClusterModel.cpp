@@ -2,15 +2,17 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString tip(TakeMode mode)
 {
     switch (mode) {
     case TakeMode::immediate:
-        return QStringLiteral("Routes the moment you choose a source.");
+        return u"Routes the moment you choose a source."_s;
     case TakeMode::confirm:
-        return QStringLiteral("Stage a route, then press Take to cut it.");
+        return u"Stage a route, then press Take to cut it."_s;
     }
     return {};
 }
@@ -19,9 +21,9 @@ QString tip(RoutingDirection direction)
 {
     switch (direction) {
     case RoutingDirection::destinationLed:
-        return QStringLiteral("Pick a destination, then a source.");
+        return u"Pick a destination, then a source."_s;
     case RoutingDirection::sourceLed:
-        return QStringLiteral("Pick a source, then tap destinations to send it to each.");
+        return u"Pick a source, then tap destinations to send it to each."_s;
     }
     return {};
 }
@@ -30,17 +32,17 @@ QString tip(RoutingDirection direction)
 
 QStringList RoutingModeClusterModel::takeModeTexts()
 {
-    return {QStringLiteral("Direct"), QStringLiteral("Take")};
+    return {u"Direct"_s, u"Take"_s};
 }
 
 QStringList RoutingModeClusterModel::takeModeSymbols()
 {
-    return {QStringLiteral("bolt.fill"), QStringLiteral("checkmark.circle")};
+    return {u"bolt.fill"_s, u"checkmark.circle"_s};
 }
 
 QStringList RoutingModeClusterModel::directionTexts()
 {
-    return {QStringLiteral("X-Y"), QStringLiteral("1 → Many")};
+    return {u"X-Y"_s, u"1 → Many"_s};
 }
 
 void RoutingModeClusterModel::chooseTakeMode(int position)

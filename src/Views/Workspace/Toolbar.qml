@@ -20,7 +20,7 @@ Row {
         radius: GlassKit.rowRadius
         symbol: root.model.content.panelSymbol
         text: root.model.content.panelText
-        tip: qsTr("Switch panel")
+        tip: "Switch panel"
         maximumTextWidth: 140
         opensMenu: true
         iconOnly: !root.fit.showsPanelText
@@ -28,10 +28,10 @@ Row {
     SegmentedPicker {
         id: views
 
-        label: qsTr("View")
+        label: "View"
         texts: root.model.viewModeTexts
         currentIndex: root.model.content.viewMode
-        tip: qsTr("Switch between the crosspoint matrix and the list view")
+        tip: "Switch between the crosspoint matrix and the list view"
         onChosen: index => root.model.chooseViewMode(index)
     }
     GlassButton {
@@ -39,7 +39,7 @@ Row {
 
         radius: GlassKit.rowRadius
         symbol: "rectangle.stack.badge.play"
-        text: qsTr("Salvos")
+        text: "Salvos"
         iconOnly: !root.fit.showsButtonTexts
     }
     GlassButton {
@@ -47,7 +47,7 @@ Row {
 
         radius: GlassKit.rowRadius
         symbol: "tag"
-        text: qsTr("Labels")
+        text: "Labels"
         iconOnly: !root.fit.showsButtonTexts
     }
 }

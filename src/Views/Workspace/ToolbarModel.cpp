@@ -2,9 +2,11 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 QStringList ToolbarModel::viewModeTexts()
 {
-    return {QStringLiteral("Crosspoint"), QStringLiteral("Dropdown")};
+    return {u"Crosspoint"_s, u"Dropdown"_s};
 }
 
 void ToolbarModel::chooseViewMode(int position)
@@ -23,9 +25,8 @@ void ToolbarModel::refresh()
     const auto panel = controller()->activePanel();
     replace(m_content,
         {.isShown = controller()->isConnected(),
-            .panelText = panel ? panel->name : QStringLiteral("Full Router"),
-            .panelSymbol =
-                panel ? QStringLiteral("rectangle.grid.1x2") : QStringLiteral("rectangle.grid.3x2"),
+            .panelText = panel ? panel->name : u"Full Router"_s,
+            .panelSymbol = panel ? u"rectangle.grid.1x2"_s : u"rectangle.grid.3x2"_s,
             .viewMode = static_cast<int>(controller()->viewMode())});
 }
 

@@ -11,6 +11,8 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 namespace emulator {
 
 inline std::string protocolName(const SWP08Emulator& /*router*/)
@@ -46,8 +48,8 @@ protected:
 
     InterrogatingDriverFixture()
     {
-        saved.name = QStringLiteral("Studio");
-        saved.host = QStringLiteral("127.0.0.1");
+        saved.name = u"Studio"_s;
+        saved.host = u"127.0.0.1"_s;
         saved.port = router.port();
         saved.simSourceCount = 20;
         saved.simDestinationCount = 18;

@@ -7,6 +7,8 @@
 
 namespace corvane::lw3test {
 
+using namespace Qt::StringLiterals;
+
 inline const std::string nameList = "pr /.ProductName=MX2-2x3\npw /MEDIA/NAMES/VIDEO.I1=1;Cam\n"
                                     "pw /MEDIA/NAMES/VIDEO.I2=1;VTR\npw /MEDIA/NAMES/VIDEO.O1=1;PGM\n"
                                     "pw /MEDIA/NAMES/VIDEO.O2=1;AUX\npw /MEDIA/NAMES/VIDEO.O3=1;MON\n";
@@ -30,7 +32,7 @@ inline const std::string statusQuestions = "OPEN /MEDIA/XP/VIDEO\r\nOPEN /MEDIA/
 
 /// A parser whose clock the test moves, and what it had to say.
 struct LW3Device : ParserHarness<LW3Parser> {
-    LW3Device() : ParserHarness(QStringLiteral("Saved name"))
+    LW3Device() : ParserHarness(u"Saved name"_s)
     {
         parser.onSend([this](const QByteArray& lines) { sent.push_back(lines.toStdString()); });
         parser.begin();

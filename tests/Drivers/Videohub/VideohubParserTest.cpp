@@ -5,6 +5,8 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using namespace std::chrono_literals;
@@ -21,7 +23,7 @@ const std::string connected =
 
 /// A parser whose clock the test moves, and what it had to say.
 struct Hub : ParserHarness<VideohubParser> {
-    Hub() : ParserHarness(QStringLiteral("Saved name"))
+    Hub() : ParserHarness(u"Saved name"_s)
     {
         parser.onSend([this](const QByteArray& bytes) {
             queue.runReady();

@@ -4,6 +4,8 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using namespace std::chrono_literals;
@@ -186,7 +188,7 @@ TEST_F(PaneClicksTest, AClickOnALockedDestinationIsAnswered)
     controller->focusSource(0);
     list.destinations()->click(3);
     queue.advance(250ms);
-    EXPECT_EQ(lastError(), QStringLiteral("Out 4 is locked."));
+    EXPECT_EQ(lastError(), u"Out 4 is locked."_s);
     EXPECT_EQ(told(), Calls{});
 }
 

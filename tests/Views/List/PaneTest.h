@@ -6,6 +6,8 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 /// A pane of the list on a controller that does as the test says.
 template <typename Model>
 class PaneTest : public ControllerTest {
@@ -19,7 +21,7 @@ protected:
     void showPanel(const QList<qint64>& sources, const QList<qint64>& destinations)
     {
         const SubPanel panel{
-            .name = QStringLiteral("Panel"), .sourceIndices = sources, .destinationIndices = destinations};
+            .name = u"Panel"_s, .sourceIndices = sources, .destinationIndices = destinations};
         controller->savePanel(panel);
         controller->setActivePanelID(panel.id);
     }

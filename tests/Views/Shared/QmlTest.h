@@ -12,6 +12,8 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 /// A screen in a window that nobody sees, on a controller that does as the test says. Whatever the QML engine
 /// warns of fails the test.
 class QmlTest : public ControllerTest {
@@ -22,7 +24,7 @@ protected:
     /// A screen of the program, by its place under Views.
     void load(const QString& file, QSize size, const QVariantMap& properties)
     {
-        const QUrl url(QStringLiteral("qrc:/qt/qml/Corvane/Views/") + file);
+        const QUrl url(u"qrc:/qt/qml/Corvane/Views/"_s + file);
         show(size, properties, [&](QQmlComponent& component) { component.loadUrl(url); });
     }
 
@@ -141,7 +143,7 @@ private:
         ASSERT_TRUE(hasFonts);
         QObject::connect(window.engine(), &QQmlEngine::warnings, &window,
             [](const QList<QQmlError>& errors) { ADD_FAILURE() << errors.first().toString().toStdString(); });
-        window.engine()->addImportPath(QStringLiteral(":/qt/qml"));
+        window.engine()->addImportPath(u":/qt/qml"_s);
         window.setResizeMode(QQuickView::SizeRootObjectToView);
         window.resize(size);
         // The window owns it.

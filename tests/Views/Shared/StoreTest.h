@@ -10,18 +10,20 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 /// A store with two routers, "Demo" and "Studio", the first one selected, whose drivers do as the test says.
 class StoreTest : public testing::Test {
 protected:
     void SetUp() override
     {
-        writeFile(m_folder.path(QStringLiteral("connections.json")),
+        writeFile(m_folder.path(u"connections.json"_s),
             R"([{"name":"Demo","vendor":"simulator"},{"name":"Studio","vendor":"ajaKumo","host":"10.0.0.5"}])");
         store = std::make_unique<ConnectionStore>(queue, maker(), m_folder.path());
     }
 
-    [[nodiscard]] RouterConnection demo() const { return router(QStringLiteral("Demo")); }
-    [[nodiscard]] RouterConnection studio() const { return router(QStringLiteral("Studio")); }
+    [[nodiscard]] RouterConnection demo() const { return router(u"Demo"_s); }
+    [[nodiscard]] RouterConnection studio() const { return router(u"Studio"_s); }
 
     void comeUp(const RouterConnection& router)
     {

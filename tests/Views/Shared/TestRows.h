@@ -4,6 +4,8 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 /// A row of a list that only tests have.
 struct TestRow {
     QString name;
@@ -26,7 +28,7 @@ public:
     {
         QList<TestRow> rows;
         for (int i = 0; i < count; ++i)
-            rows.append({.name = QStringLiteral("Row %1").arg(i)});
+            rows.append({.name = u"Row %1"_s.arg(i)});
         setRows(rows);
     }
     explicit TestRows(const QStringList& names) { setNames(names); }
@@ -53,8 +55,7 @@ public:
     {
         const auto* const row = rowAt(index.row());
         if (role == buttonsRole)
-            return toVariants({{QStringLiteral("Rename"), QStringLiteral("pencil"), {}},
-                {QStringLiteral("Delete"), QStringLiteral("trash"), {}}});
+            return toVariants({{u"Rename"_s, u"pencil"_s, {}}, {u"Delete"_s, u"trash"_s, {}}});
         return role == heightRole ? QVariant(row->height) : QVariant(row->name);
     }
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override
@@ -64,7 +65,7 @@ public:
     [[nodiscard]] RowSpeech speech(int row) const override
     {
         return {.name = rows().at(row).name,
-            .description = QStringLiteral("%1 high").arg(rows().at(row).height),
+            .description = u"%1 high"_s.arg(rows().at(row).height),
 
             .isSelectable = true,
             .isSelected = rows().at(row).isSelected};

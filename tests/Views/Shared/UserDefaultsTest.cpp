@@ -5,6 +5,8 @@
 
 namespace corvane {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class UserDefaultsTest : public testing::Test {
@@ -19,7 +21,7 @@ protected:
     }
 
     TemporaryFolder m_folder;
-    const QString m_file = m_folder.path(QStringLiteral("defaults.ini"));
+    const QString m_file = m_folder.path(u"defaults.ini"_s);
 };
 
 TEST_F(UserDefaultsTest, TheCellSizeIsKeptTheMomentItChanges)
