@@ -28,12 +28,13 @@ QuietTimer::~QuietTimer()
 
 void QuietTimer::restart()
 {
-    const auto now = m_state->queue.now();
-    if (!m_state->latest)
-        m_state->latest = m_state->limit ? now + *m_state->limit : Instant::max();
-    m_state->deadline = std::min(now + m_state->delay, *m_state->latest);
-    if (!m_state->waiting)
-        schedule(m_state, m_state->delay);
+    auto& state = *m_state;
+    const auto now = state.queue.now();
+    if (!state.latest)
+        state.latest = state.limit ? now + *state.limit : Instant::max();
+    state.deadline = std::min(now + state.delay, *state.latest);
+    if (!state.waiting)
+        schedule(m_state, state.delay);
 }
 
 void QuietTimer::cancel()

@@ -189,7 +189,7 @@ private:
             return;
         // The socket takes a reset for an orderly close.
         const bool isClosed = error == QAbstractSocket::RemoteHostClosedError;
-        const bool wasReset = isClosed && m_watch->wasReset();
+        const bool wasReset = isClosed && m_watch && m_watch->wasReset();
         m_watch.reset();
         auto message = wasReset ? qt_error_string(ECONNRESET) : m_socket->errorString();
         m_end = isClosed && !wasReset ? Delivery{{}, true, std::nullopt}

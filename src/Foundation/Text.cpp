@@ -104,7 +104,7 @@ QString onOneLine(QString text)
         return sign.category() == QChar::Other_Control || sign == QChar::LineSeparator
             || sign == QChar::ParagraphSeparator;
     };
-    std::replace_if(text.begin(), text.end(), breaksLine, u' ');
+    std::ranges::replace_if(text, breaksLine, u' ');
     return text;
 }
 

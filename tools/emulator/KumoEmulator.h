@@ -19,8 +19,7 @@ struct KumoQuirks {
     /// JSON lacks its last brace.
     bool brokenJson = false;
     /// What parameters claim to be, as JSON, whatever they are.
-    QHash<QString, QByteArray> claims =
-        {}; // NOLINT(readability-redundant-member-init): GCC warns where it is left out
+    QHash<QString, QByteArray> claims{};
     /// How many of the coming requests fail inside the device, with status 500.
     int failNext = 0;
     /// The connection is closed behind every answer.

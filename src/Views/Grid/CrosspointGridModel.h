@@ -83,7 +83,7 @@ private:
         bool operator==(const Common&) const = default;
     };
 
-    void observe(const MatrixController& controller);
+    void observe(const MatrixController& observed);
     void show(const QList<Port>& sources, const QList<Port>& destinations);
     [[nodiscard]] Common common() const;
     [[nodiscard]] QString routedLabel(std::optional<qint64> source) const;

@@ -111,7 +111,8 @@ CellStrip CrosspointMatrixView::strip(int row, int first, int end) const
 
 CellLook CrosspointMatrixView::look(GridPlace place) const
 {
-    const CrosspointCell cell = m_rows.constFind(place.row)->row->cellAt(place.column);
+    const auto& row = m_rows.constFind(place.row)->row;
+    const auto cell = row ? row->cellAt(place.column) : CrosspointCell();
     const double connection = m_connectionFades.value(place, cell.isConnected ? 1 : 0);
     const bool isRaised = hoverEnabled() && m_hovered == place;
     const double hover = cell.isConnected ? 0 : m_hoverFades.value(place, isRaised ? 1 : 0);
