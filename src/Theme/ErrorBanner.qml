@@ -18,13 +18,9 @@ T.AbstractButton {
     Accessible.onPressAction: clicked()
 
     // Opaque beneath the wash, so that it can be read over anything.
-    background: GlassSurface {
+    background: FloatingSurface {
         border.width: 0
 
-        SoftShadow {
-            radius: parent.radius
-            z: -1
-        }
         Rectangle {
             anchors.fill: parent
             radius: parent.radius

@@ -6,20 +6,18 @@ import Corvane.Theme
 T.Menu {
     id: root
 
+    // The press that closes it does nothing else.
+    modal: true
+    dim: false
     margins: 8
     padding: 5
     overlap: 4
     implicitWidth: Math.max(160, list.contentWidth + leftPadding + rightPadding)
     implicitHeight: list.contentHeight + topPadding + bottomPadding
 
-    background: GlassSurface {
+    background: FloatingSurface {
         radius: 9
         color: GlassKit.colors.raised
-
-        SoftShadow {
-            radius: 9
-            z: -1
-        }
     }
     contentItem: ListView {
         id: list

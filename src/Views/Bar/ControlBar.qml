@@ -27,7 +27,7 @@ Item {
         enabled: root.returnTakes && root.visible && root.content.canTake
         onActivated: root.model.confirmTake()
     }
-    GlassSurface {
+    FloatingSurface {
         id: bar
 
         anchors.horizontalCenter: parent.horizontalCenter
@@ -43,10 +43,6 @@ Item {
             SpringyAnimation {}
         }
 
-        SoftShadow {
-            radius: bar.radius
-            z: -1
-        }
         BarPart {
             place: root.places.levelPicker
 
