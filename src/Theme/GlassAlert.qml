@@ -93,15 +93,11 @@ T.Popup {
 
                     text: "Cancel"
                     onClicked: root.cancelled()
-                    Keys.onReturnPressed: event => root.act(event, true, root.cancelled)
-                    Keys.onEnterPressed: event => root.act(event, true, root.cancelled)
                 }
                 ProminentButton {
                     text: root.acceptText
                     accent: root.destructive ? GlassKit.colors.red : GlassKit.colors.accent
                     onClicked: root.accepted()
-                    Keys.onReturnPressed: event => root.act(event, true, root.accepted)
-                    Keys.onEnterPressed: event => root.act(event, true, root.accepted)
                 }
             }
         }

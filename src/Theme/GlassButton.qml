@@ -3,10 +3,12 @@ import QtQuick.Templates as T
 import Corvane.Theme
 
 // A quiet button with a symbol, a text or both. With a symbol alone it needs an `Accessible.name`; one that has a text may be
-// told to do without it where there is little room, and then has it as its tip.
+// told to do without it where there is little room, and then has it as its tip. A press of the mouse leaves the keyboard where it is.
 T.AbstractButton {
     id: root
 
+    // To be used in place of `enabled`: one that is not available does nothing and says so, yet keeps the keyboard.
+    property bool available: true
     property string symbol
     property real symbolSize: 16
     property string tip
@@ -23,18 +25,28 @@ T.AbstractButton {
     readonly property real fullWidth: textLeftPadding + (symbol === "" ? 0 : symbolSize + spacing) + label.width + (opensMenu ? spacing + chevron.width : 0) + textRightPadding
     readonly property real iconWidth: Math.max(implicitHeight, symbolSize + 12)
 
+    function answerKey(event) {
+        const isPlain = !(event.modifiers & ~Qt.KeypadModifier)
+        const isReturn = isPlain && (event.key === Qt.Key_Return || event.key === Qt.Key_Enter)
+        if (isReturn && available && !event.isAutoRepeat)
+            clicked()
+        event.accepted = isReturn || (event.key === Qt.Key_Space && !available)
+    }
+
     implicitWidth: showsText ? fullWidth : iconWidth
     implicitHeight: GlassKit.controlHeight
     leftPadding: showsText ? textLeftPadding : 6
     rightPadding: showsText ? textRightPadding : 6
     spacing: 6
-    opacity: enabled ? 1 : 0.4
+    opacity: available ? 1 : 0.4
+    focusPolicy: Qt.TabFocus
     Accessible.name: text
     Accessible.description: tip
     Accessible.ignored: !visible
     // A screen reader's press reaches no button by itself.
-    Accessible.onPressAction: if (enabled)
+    Accessible.onPressAction: if (available)
         clicked()
+    Keys.onPressed: event => answerKey(event)
 
     background: Rectangle {
         radius: root.radius
@@ -43,7 +55,7 @@ T.AbstractButton {
         Rectangle {
             anchors.fill: parent
             radius: root.radius
-            visible: root.enabled && (root.hovered || root.down)
+            visible: root.available && (root.hovered || root.down)
             color: root.down ? GlassKit.colors.separator : GlassKit.colors.faint
         }
         FocusRing {
@@ -90,5 +102,10 @@ T.AbstractButton {
                 color: GlassKit.colors.secondary
             }
         }
+    }
+
+    MouseArea {
+        anchors.fill: parent
+        visible: !root.available
     }
 }

@@ -24,7 +24,7 @@ Rectangle {
         GlassButton {
             symbol: "minus"
             fill: "transparent"
-            enabled: root.zoom.canShrink
+            available: root.zoom.canShrink
             Accessible.name: "Smaller cells"
             onClicked: root.zoom.shrink()
         }
@@ -36,7 +36,7 @@ Rectangle {
         GlassButton {
             symbol: "plus"
             fill: "transparent"
-            enabled: root.zoom.canGrow
+            available: root.zoom.canGrow
             Accessible.name: "Larger cells"
             onClicked: root.zoom.grow()
         }

@@ -1,26 +1,25 @@
 import QtQuick
 import Corvane.Theme
+import Corvane.Views.Shared
 
-// Holds one part of the floating bar and moves it to its place. Gone while it has none.
+// Holds one part of the floating bar, which is its only child, and moves it to its place. Without a place it is not there.
 Item {
     id: root
 
-    required property rect place
+    required property bool isShown
+    readonly property Item part: children.length > 0 ? children[0] : null
 
-    x: place.x
-    y: place.y
-    width: place.width
-    height: place.height
-    visible: place.width > 0
+    implicitHeight: part ? part.implicitHeight : 0
+    FittingRow.fullWidth: isShown && part ? part.implicitWidth : 0
 
     // Only what is there already is seen to move.
     Behavior on x {
-        enabled: root.visible
+        enabled: root.visible && root.width > 0
 
         SpringyAnimation {}
     }
     Behavior on y {
-        enabled: root.visible
+        enabled: root.visible && root.width > 0
 
         SpringyAnimation {}
     }

@@ -1,106 +1,118 @@
 import QtQuick
 import Corvane.Theme
 import Corvane.Views.Bar
+import Corvane.Views.Shared
 
-// The floating bar: levels, cell size, and what is staged. The model arranges the parts by the widths they want, which depend on
-// nothing that the arrangement decides.
+// The floating bar: levels, cell size, and what is staged. All in one line where it fits; else what is staged is on a line of its
+// own; else "Follow" is too, and nothing is divided.
 Item {
     id: root
 
     required property ControlBarModel model
-    // While something else has the keyboard, Return is not the bar's.
-    property bool returnTakes: true
     readonly property controlBarContent content: model.content
-    readonly property controlBarPlaces places: model.places(content, width,
-        Qt.size(levelPicker.implicitWidth, levelPicker.implicitHeight),
-        Qt.size(followButton.implicitWidth, followButton.implicitHeight),
-        Qt.size(zoomControl.implicitWidth, zoomControl.implicitHeight),
-        Qt.size(takeCluster.implicitWidth, takeCluster.implicitHeight))
 
-    implicitHeight: places.bar.height
+    // Whoever holds it down to end something else takes nothing.
+    function answerReturn(event) {
+        const isPlain = !(event.modifiers & ~Qt.KeypadModifier) && !event.isAutoRepeat
+        if (isPlain)
+            model.confirmTake()
+    }
+
+    implicitHeight: bar.fullHeight
     visible: content.isShown
 
-    Shortcut {
-        sequences: ["Return", "Enter"]
-        // Whoever holds it down to end something else takes nothing.
-        autoRepeat: false
-        enabled: root.returnTakes && root.visible && root.content.canTake
-        onActivated: root.model.confirmTake()
-    }
     FloatingSurface {
         id: bar
 
+        readonly property real fullHeight: parts.implicitHeight + 2 * GlassKit.barPadding
+
         anchors.horizontalCenter: parent.horizontalCenter
         anchors.bottom: parent.bottom
-        width: root.places.bar.width
-        height: root.places.bar.height
+        width: parts.implicitWidth + 2 * GlassKit.sideMargin
+        height: fullHeight
         radius: GlassKit.barRadius
 
         Behavior on width {
+            enabled: bar.width > 2 * GlassKit.sideMargin
+
             SpringyAnimation {}
         }
         Behavior on height {
+            enabled: bar.height > 2 * GlassKit.barPadding
+
             SpringyAnimation {}
         }
 
-        BarPart {
-            place: root.places.levelPicker
+        FittingRow {
+            id: parts
 
-            SegmentedPicker {
-                id: levelPicker
+            x: GlassKit.sideMargin
+            y: GlassKit.barPadding
+            width: implicitWidth
+            height: implicitHeight
+            available: Math.min(root.width, 820) - 2 * GlassKit.sideMargin
+            spacing: 14
+            lineSpacing: 10
 
-                anchors.fill: parent
-                label: "Level"
-                texts: root.content.levels
-                currentIndex: root.content.level
-                onChosen: index => root.model.chooseLevel(index)
+            BarPart {
+                isShown: root.content.showsLevels
+                FittingRow.lines: [0, 0, 1]
+                FittingRow.shrinksFrom: 2
+
+                SegmentedPicker {
+                    anchors.fill: parent
+                    label: "Level"
+                    texts: root.content.levels
+                    currentIndex: root.content.level
+                    onChosen: index => root.model.chooseLevel(index)
+                }
             }
-        }
-        BarPart {
-            place: root.places.followButton
+            BarPart {
+                isShown: root.content.showsLevels
 
-            GlassButton {
-                id: followButton
-
-                anchors.fill: parent
-                text: root.content.followText
-                symbol: root.content.followSymbol
-                tint: root.content.followTint
-                onClicked: root.model.toggleFollow()
+                GlassButton {
+                    anchors.fill: parent
+                    text: root.content.followText
+                    symbol: root.content.followSymbol
+                    tint: root.content.followTint
+                    onClicked: root.model.toggleFollow()
+                }
             }
-        }
-        BarPart {
-            place: root.places.zoomDivider
+            BarPart {
+                isShown: root.content.dividesZoom
+                FittingRow.shortFrom: 2
 
-            HairLine {
-                anchors.fill: parent
+                HairLine {
+                    anchors.fill: parent
+                    implicitHeight: 26
+                }
             }
-        }
-        BarPart {
-            place: root.places.zoom
+            BarPart {
+                isShown: root.content.showsZoom
+                FittingRow.lines: [0, 0, 1]
 
-            MatrixZoomControl {
-                id: zoomControl
-
-                anchors.fill: parent
-                embedded: true
-                zoom: root.model.zoom
+                MatrixZoomControl {
+                    anchors.fill: parent
+                    embedded: true
+                    zoom: root.model.zoom
+                }
             }
-        }
-        BarPart {
-            place: root.places.takeDivider
+            BarPart {
+                isShown: root.content.dividesTake
+                FittingRow.shortFrom: 1
 
-            HairLine {
-                anchors.fill: parent
+                HairLine {
+                    anchors.fill: parent
+                    implicitHeight: 28
+                }
             }
-        }
-        BarPart {
-            place: root.places.takeCluster
+            BarPart {
+                isShown: root.content.showsTake
+                FittingRow.lines: [0, 1, 2]
 
-            TakeCluster {
-                id: takeCluster
-
-                model: root.model
+                TakeCluster {
+                    model: root.model
+                }
             }
         }
     }

@@ -50,17 +50,6 @@ void ControlBarModel::setController(MatrixController* newController)
     ControllerModel::setController(newController);
 }
 
-ControlBarPlaces ControlBarModel::places(const ControlBarContent& content, double availableWidth,
-    QSizeF levelPicker, QSizeF followButton, QSizeF zoomControl, QSizeF takeCluster) const
-{
-    const QSizeF nothing;
-    return layOutControlBar({.levelPicker = content.showsLevels ? levelPicker : nothing,
-                                .followButton = content.showsLevels ? followButton : nothing,
-                                .zoom = content.showsZoom ? zoomControl : nothing,
-                                .takeCluster = content.showsTake ? takeCluster : nothing},
-        availableWidth);
-}
-
 void ControlBarModel::chooseLevel(int position)
 {
     if (!controller())
@@ -106,6 +95,8 @@ void ControlBarModel::refresh()
     content.showsZoom = controller()->viewMode() == RouteViewMode::matrix;
     tellLevels(content);
     tellStaging(content);
+    content.dividesZoom = content.showsZoom && content.showsLevels;
+    content.dividesTake = content.showsTake && (content.showsLevels || content.showsZoom);
     replace(m_content, content);
 }
 

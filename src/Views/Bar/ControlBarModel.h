@@ -1,7 +1,6 @@
 #pragma once
 
 #include "Theme/MatrixZoom.h"
-#include "Views/Bar/ControlBarLayout.h"
 #include "Views/Shared/ControllerModel.h"
 
 #include <QtQml/qqmlregistration.h>
@@ -29,6 +28,8 @@ struct ControlBarContent {
     Q_PROPERTY(QColor followTint MEMBER followTint FINAL)
     Q_PROPERTY(bool showsZoom MEMBER showsZoom FINAL)
     Q_PROPERTY(bool showsTake MEMBER showsTake FINAL)
+    Q_PROPERTY(bool dividesZoom MEMBER dividesZoom FINAL)
+    Q_PROPERTY(bool dividesTake MEMBER dividesTake FINAL)
     Q_PROPERTY(bool canTake MEMBER canTake FINAL)
     Q_PROPERTY(bool canClear MEMBER canClear FINAL)
     Q_PROPERTY(QString stagedSource MEMBER stagedSource FINAL)
@@ -46,6 +47,9 @@ public:
     QColor followTint;
     bool showsZoom = false;
     bool showsTake = false;
+    /// There is something to divide it from, ahead of it.
+    bool dividesZoom = false;
+    bool dividesTake = false;
     bool canTake = false;
     bool canClear = false;
     /// What a take would do; both empty while there is nothing to take.
@@ -71,11 +75,6 @@ public:
     [[nodiscard]] const ControlBarContent& content() const { return m_content; }
     [[nodiscard]] MatrixZoom* zoom() const { return &m_zoom; }
     void setController(MatrixController* controller) override;
-
-    /// Where the parts stand when each is as large as it wants to be. `content` says which are shown at all.
-    Q_INVOKABLE [[nodiscard]] corvane::ControlBarPlaces places(const corvane::ControlBarContent& content,
-        double availableWidth, QSizeF levelPicker, QSizeF followButton, QSizeF zoomControl,
-        QSizeF takeCluster) const;
 
     Q_INVOKABLE void chooseLevel(int position);
     /// From following all levels to the one that is shown, and back.

@@ -40,6 +40,7 @@ EmptyState {
     ProminentButton {
         anchors.horizontalCenter: parent.horizontalCenter
         implicitHeight: 34
+        focus: true
         text: root.model.content.buttonText
         symbol: root.model.content.buttonSymbol
         onClicked: root.model.pressButton()

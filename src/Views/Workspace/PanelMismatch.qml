@@ -18,6 +18,7 @@ EmptyState {
 
         ProminentButton {
             text: "Edit Panel…"
+            focus: true
         }
         GlassButton {
             text: "Show Full Router"

@@ -38,13 +38,17 @@ FocusScope {
             model: root.model.modes
         }
     }
-    Item {
+    FocusScope {
         id: routingArea
 
         anchors.top: headerRow.bottom
         anchors.topMargin: 4
         anchors.bottom: parent.bottom
         width: parent.width
+        focus: true
+        // From the grid and the panes; all other controls answer their own keys.
+        Keys.onReturnPressed: event => controlBar.answerReturn(event)
+        Keys.onEnterPressed: event => controlBar.answerReturn(event)
 
         Loader {
             anchors.fill: parent
@@ -72,6 +76,7 @@ FocusScope {
         Loader {
             anchors.fill: parent
             active: root.model.content.showsMismatch
+            focus: active
             sourceComponent: PanelMismatch {
                 model: root.model
             }
@@ -88,7 +93,6 @@ FocusScope {
         anchors.rightMargin: GlassKit.sideMargin
         height: implicitHeight
         model: root.model.controlBar
-        returnTakes: !root.model.rename.isShown
         onHeightChanged: root.model.controlBarHeight = height
     }
     ErrorBanner {
@@ -113,6 +117,10 @@ FocusScope {
                 duration: GlassKit.bannerDuration
             }
         }
+    }
+    KeyboardKeeper {
+        scope: root
+        heir: routingArea
     }
     Shortcut {
         sequence: "Ctrl+0"

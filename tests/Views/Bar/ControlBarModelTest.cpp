@@ -164,24 +164,31 @@ TEST_F(ControlBarModelTest, TakesWhatIsStaged)
     EXPECT_FALSE(content().canTake);
 }
 
-TEST_F(ControlBarModelTest, GivesPlacesOnlyToWhatItShows)
+TEST_F(ControlBarModelTest, DividesOnlyWhatHasSomethingAheadOfIt)
 {
-    connectTo(matrix(2, 2, 1));
-    const QSizeF size(100, 28);
-    auto places = model.places(content(), 800, size, size, size, size);
-    EXPECT_TRUE(places.levelPicker.isEmpty());
-    EXPECT_TRUE(places.followButton.isEmpty());
-    EXPECT_FALSE(places.zoom.isEmpty());
-    EXPECT_TRUE(places.takeCluster.isEmpty());
-
-    connectTo(matrix(2, 2, 2));
-    controller->setViewMode(RouteViewMode::list);
-    controller->setTakeMode(TakeMode::confirm);
-    places = model.places(content(), 800, size, size, size, size);
-    EXPECT_FALSE(places.levelPicker.isEmpty());
-    EXPECT_FALSE(places.followButton.isEmpty());
-    EXPECT_TRUE(places.zoom.isEmpty());
-    EXPECT_FALSE(places.takeCluster.isEmpty());
+    struct Case {
+        const char* name;
+        qint64 levels;
+        RouteViewMode view;
+        TakeMode take;
+        bool dividesZoom;
+        bool dividesTake;
+    };
+    const Case cases[] = {
+        {"zoom alone", 1, RouteViewMode::matrix, TakeMode::immediate, false, false},
+        {"take alone", 1, RouteViewMode::list, TakeMode::confirm, false, false},
+        {"zoom and take", 1, RouteViewMode::matrix, TakeMode::confirm, false, true},
+        {"levels and take", 2, RouteViewMode::list, TakeMode::confirm, false, true},
+        {"levels and zoom", 2, RouteViewMode::matrix, TakeMode::immediate, true, false},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        connectTo(matrix(2, 2, c.levels));
+        controller->setViewMode(c.view);
+        controller->setTakeMode(c.take);
+        EXPECT_EQ(content().dividesZoom, c.dividesZoom);
+        EXPECT_EQ(content().dividesTake, c.dividesTake);
+    }
 }
 
 } // namespace
