@@ -16,6 +16,7 @@ T.TextField {
     selectionColor: GlassKit.colors.tintFill(GlassKit.colors.accent)
     selectedTextColor: GlassKit.colors.onTint
     selectByMouse: true
+    Accessible.role: Accessible.EditableText
 
     background: Rectangle {
         radius: GlassKit.controlRadius

@@ -1,5 +1,6 @@
 #include "Theme/GlassKit.h"
 
+#include "Theme/ControlAccessible.h"
 #include "Theme/Symbols.h"
 
 #include <QQmlEngine>
@@ -14,6 +15,7 @@ constexpr auto engineProperty = "glassKit";
 
 GlassKit::GlassKit(QObject* parent) : QObject(parent)
 {
+    ControlAccessible::install();
     connect(&m_appearance, &SystemAppearance::isDarkChanged, this, &GlassKit::paletteChanged);
 }
 

@@ -13,6 +13,7 @@ T.MenuItem {
     implicitWidth: 10 + (symbol === "" ? 0 : 24) + label.implicitWidth + 16
     implicitHeight: visible ? 28 : 0
     opacity: enabled ? 1 : 0.4
+    Accessible.role: Accessible.MenuItem
     Accessible.name: text
     Accessible.onPressAction: if (enabled)
         clicked()

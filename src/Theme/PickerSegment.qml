@@ -12,6 +12,7 @@ T.RadioButton {
     implicitWidth: row.implicitWidth + 24
     focusPolicy: Qt.NoFocus
     checked: selected
+    Accessible.role: Accessible.RadioButton
     Accessible.name: text
     Accessible.ignored: !visible
     Accessible.onPressAction: clicked()

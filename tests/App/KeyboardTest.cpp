@@ -108,7 +108,7 @@ TEST_F(KeyboardTest, TheBannerGivesTheKeyboardBack)
     for (const bool isPressed : {true, false}) {
         demo().setLastError(u"Refused"_s);
         settle();
-        goTo(QAccessible::Button, "Refused");
+        goTo(QAccessible::AlertMessage, "Refused");
         if (isPressed)
             press(Qt::Key_Space);
         else
