@@ -9,7 +9,7 @@ namespace corvane {
 
 namespace {
 
-constexpr double washOpacity = 0.15;
+constexpr double washOpacity = 0.16;
 constexpr float mixStep = 0.02F;
 
 double linear(double channel)
@@ -38,9 +38,12 @@ QColor deepened(const QColor& color, float share)
 bool isLegible(const QColor& text, const QColor& tint, const GlassPalette& palette)
 {
     const std::array surfaces{palette.window, palette.sidebar, palette.surface};
-    return std::ranges::all_of(surfaces, [&](const QColor& surface) {
-        return contrastRatio(text, surface) >= textContrast
-            && contrastRatio(text, laidOver(withOpacity(tint, washOpacity), surface)) >= textContrast;
+    const auto standsOutOn = [&](const QColor& ground) {
+        return contrastRatio(text, ground) >= textContrast;
+    };
+    return standsOutOn(palette.raised) && std::ranges::all_of(surfaces, [&](const QColor& surface) {
+        return standsOutOn(surface) && standsOutOn(laidOver(palette.quaternary, surface))
+            && standsOutOn(laidOver(withOpacity(tint, washOpacity), surface));
     });
 }
 

@@ -42,10 +42,10 @@ class UseNews : public QObject {
     Q_OBJECT
 
 public:
-    UseNews(QQuickItem& control, QObject* parent) : QObject(parent), m_control(control)
+    explicit UseNews(QQuickItem& control) : m_control(control)
     {
         const auto* const type = control.metaObject();
-        const auto slot = metaObject()->method(metaObject()->indexOfSlot("tell()"));
+        const auto slot = staticMetaObject.method(staticMetaObject.indexOfSlot("tell()"));
         for (const char* const property : {"enabled", "available"})
             if (const int index = type->indexOfProperty(property); index >= 0)
                 connect(&control, type->property(index).notifySignal(), this, slot);
@@ -72,10 +72,9 @@ void ControlAccessible::install()
     QAccessible::installFactory(makeInterface);
 }
 
-ControlAccessible::ControlAccessible(QQuickItem& control) : QAccessibleObject(&control)
+ControlAccessible::ControlAccessible(QQuickItem& control)
+    : QAccessibleObject(&control), m_news(std::make_unique<UseNews>(control))
 {
-    // Its parent owns it.
-    (void)std::make_unique<UseNews>(control, &m_news).release();
 }
 
 QQuickItem& ControlAccessible::control() const

@@ -41,7 +41,7 @@ protected:
 private:
     [[nodiscard]] QVariant said(const char* property) const;
 
-    QObject m_news;
+    std::unique_ptr<QObject> m_news;
 };
 
 } // namespace corvane

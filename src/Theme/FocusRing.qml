@@ -10,7 +10,7 @@ Rectangle {
     visible: shown
     color: "transparent"
     border.width: 2
-    border.color: GlassKit.colors.faded(GlassKit.colors.accent, 0.9)
+    border.color: GlassKit.colors.accent
     antialiasing: true
     z: 1
 }

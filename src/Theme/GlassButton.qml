@@ -13,6 +13,7 @@ T.AbstractButton {
     property real symbolSize: 16
     property string tip
     property color tint: GlassKit.colors.text
+    readonly property color ink: available ? tint : GlassKit.colors.unavailable
     property color fill: GlassKit.colors.quaternary
     property real radius: height / 2
     property bool iconOnly: false
@@ -38,7 +39,6 @@ T.AbstractButton {
     leftPadding: showsText ? textLeftPadding : 6
     rightPadding: showsText ? textRightPadding : 6
     spacing: 6
-    opacity: available ? 1 : 0.4
     focusPolicy: Qt.TabFocus
     Accessible.name: text
     Accessible.description: tip
@@ -80,7 +80,7 @@ T.AbstractButton {
                 visible: root.symbol !== ""
                 name: root.symbol
                 size: root.symbolSize
-                color: root.tint
+                color: root.ink
             }
             PlainText {
                 id: label
@@ -90,7 +90,7 @@ T.AbstractButton {
                 width: Math.min(implicitWidth, root.maximumTextWidth)
                 text: root.text
                 font: GlassKit.controlFont
-                color: root.tint
+                color: root.ink
                 Accessible.ignored: true
             }
             Symbol {

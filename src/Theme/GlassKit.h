@@ -40,7 +40,6 @@ class GlassKit : public QObject {
 
     Q_PROPERTY(int sideMargin MEMBER sideMargin CONSTANT FINAL)
     Q_PROPERTY(int controlSpacing MEMBER controlSpacing CONSTANT FINAL)
-    Q_PROPERTY(int cellGap MEMBER cellGap CONSTANT FINAL)
     Q_PROPERTY(int controlHeight MEMBER controlHeight CONSTANT FINAL)
     Q_PROPERTY(int barPadding MEMBER barPadding CONSTANT FINAL)
     Q_PROPERTY(int rowRadius MEMBER rowRadius CONSTANT FINAL)
@@ -83,21 +82,17 @@ public:
     const QFont rowFont = Fonts::text(13, QFont::Medium);
     const QFont bodyFont = Fonts::text(13);
     const QFont controlFont = Fonts::text(12.5, QFont::Medium);
-    const QFont portNameFont = Fonts::text(12.5, QFont::DemiBold);
     const QFont subtitleFont = Fonts::text(12);
     const QFont calloutFont = Fonts::text(12, QFont::Medium);
     const QFont captionFont = Fonts::text(11);
     const QFont captionStrongFont = Fonts::text(11, QFont::DemiBold);
     const QFont numberFont = Fonts::text(12, QFont::Bold);
-    const QFont markFont = Fonts::text(10, QFont::Bold);
-    const QFont smallMarkFont = Fonts::text(9, QFont::Bold);
 
     const int sideMargin = 16;
     const int controlSpacing = 8;
     const int cellGap = 5;
     const int controlHeight = 28;
     const int barPadding = 9;
-    const int cellRadius = 10;
     const int rowRadius = 8;
     const int selectableRowRadius = 11;
     const int paneRadius = 18;
@@ -107,8 +102,6 @@ public:
 
     const QEasingCurve layoutSpringEasing = layoutSpringCurve();
     const int layoutSpringDuration = static_cast<int>(settlingTime(layoutSpring).count());
-    const QEasingCurve crosspointSpringEasing = crosspointSpringCurve();
-    const int crosspointSpringDuration = static_cast<int>(settlingTime(crosspointSpring).count());
     const int hoverDuration = 120;
     const int bannerDuration = 250;
     const int pulseDuration = 900;

@@ -8,11 +8,10 @@ T.MenuItem {
 
     property string symbol
     property bool destructive: false
-    readonly property color ink: highlighted ? GlassKit.colors.onTint : destructive ? GlassKit.colors.tintText(GlassKit.colors.red) : GlassKit.colors.text
+    readonly property color ink: !enabled ? GlassKit.colors.unavailable : highlighted ? GlassKit.colors.onTint : destructive ? GlassKit.colors.tintText(GlassKit.colors.red) : GlassKit.colors.text
 
     implicitWidth: 10 + (symbol === "" ? 0 : 24) + label.implicitWidth + 16
     implicitHeight: visible ? 28 : 0
-    opacity: enabled ? 1 : 0.4
     Accessible.role: Accessible.MenuItem
     Accessible.name: text
     Accessible.onPressAction: if (enabled)

@@ -22,6 +22,7 @@ struct GlassPalette {
     Q_PROPERTY(QColor faint MEMBER faint FINAL)
     Q_PROPERTY(QColor text MEMBER text FINAL)
     Q_PROPERTY(QColor secondary MEMBER secondary FINAL)
+    Q_PROPERTY(QColor unavailable MEMBER unavailable FINAL)
     Q_PROPERTY(QColor onTint MEMBER onTint FINAL)
     Q_PROPERTY(QColor quaternary MEMBER quaternary FINAL)
     Q_PROPERTY(QColor selection MEMBER selection FINAL)
@@ -42,6 +43,8 @@ public:
     QColor faint;
     QColor text;
     QColor secondary;
+    /// What is written on a control that has nothing to do.
+    QColor unavailable;
     /// What text and glyphs on a tint that was made a fill are drawn in; see `tintFill`.
     QColor onTint;
     /// The fill of things that are there but say nothing.
@@ -63,7 +66,7 @@ public:
 
     /// The same colour at another opacity, 0 to 1, of what it had.
     Q_INVOKABLE [[nodiscard]] QColor faded(const QColor& color, double opacity) const;
-    /// A tint as text that can be read on every surface.
+    /// A tint as text that can be read on every surface, on a quiet fill and on a wash of the tint.
     Q_INVOKABLE [[nodiscard]] QColor tintText(const QColor& tint) const;
     /// A tint as a fill on which text in `onTint` can be read.
     Q_INVOKABLE [[nodiscard]] QColor tintFill(const QColor& tint) const;

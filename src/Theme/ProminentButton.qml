@@ -5,7 +5,7 @@ import Corvane.Theme
 GlassButton {
     property color accent: GlassKit.colors.accent
 
-    fill: GlassKit.colors.tintFill(accent)
+    fill: available ? GlassKit.colors.tintFill(accent) : GlassKit.colors.quaternary
     tint: GlassKit.colors.onTint
     textLeftPadding: symbol === "" ? 18 : 14
     textRightPadding: 18

@@ -61,9 +61,4 @@ QEasingCurve layoutSpringCurve()
     return curve<layoutSpring>();
 }
 
-QEasingCurve crosspointSpringCurve()
-{
-    return curve<crosspointSpring>();
-}
-
 } // namespace corvane

@@ -27,6 +27,5 @@ inline constexpr Spring crosspointSpring{std::chrono::milliseconds(280), 1.0};
 
 /// The spring as an easing for animations that last its settling time.
 [[nodiscard]] QEasingCurve layoutSpringCurve();
-[[nodiscard]] QEasingCurve crosspointSpringCurve();
 
 } // namespace corvane

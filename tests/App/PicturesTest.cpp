@@ -78,6 +78,15 @@ TEST_F(PicturesTest, SmallestWindow)
     EXPECT_TRUE(looksAs(u"docs/pictures/control-bar"_s, whole.copy(332, 456, 476, 104)));
 }
 
+TEST_F(PicturesTest, ABarWithNothingToTake)
+{
+    window->resize(smallest);
+    demo().setTakeMode(TakeMode::confirm);
+    EXPECT_TRUE(looksAs(u"tests/Pictures/bar-idle"_s, screen().copy(332, 456, 476, 104)));
+    wear(Appearance::dark);
+    EXPECT_TRUE(looksAs(u"tests/Pictures/bar-idle-dark"_s, screen().copy(332, 456, 476, 104)));
+}
+
 TEST_F(PicturesTest, ErrorBanner)
 {
     window->resize(smallest);

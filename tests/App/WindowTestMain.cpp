@@ -16,10 +16,10 @@ void forgetTheMachine()
     qputenv("QT_QUICK_BACKEND", "software");
     qputenv("FONTCONFIG_FILE", CORVANE_SOURCE_FOLDER "/tests/App/fonts.conf");
     qputenv("LC_ALL", "C.UTF-8");
-    // No desktop to ask whether it is dark.
-    qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
-    for (const char* const swaying : {"QT_SCALE_FACTOR", "QT_SCREEN_SCALE_FACTORS", "QT_FONT_DPI",
-             "QT_ENABLE_HIGHDPI_SCALING", "QT_QPA_PLATFORMTHEME", "QT_STYLE_OVERRIDE", "FREETYPE_PROPERTIES"})
+    // The bus: no desktop is asked whether it is dark.
+    for (const char* const swaying :
+        {"DBUS_SESSION_BUS_ADDRESS", "QT_SCALE_FACTOR", "QT_SCREEN_SCALE_FACTORS", "QT_FONT_DPI",
+            "QT_ENABLE_HIGHDPI_SCALING", "QT_QPA_PLATFORMTHEME", "QT_STYLE_OVERRIDE", "FREETYPE_PROPERTIES"})
         qunsetenv(swaying);
 }
 

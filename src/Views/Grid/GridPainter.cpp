@@ -176,8 +176,8 @@ void GridPainter::paintIdle(QPainter& painter, const QRectF& rect, const CellLoo
     if (!look.isPending)
         strokeInside(painter, rect, cellRadius, withOpacity(palette().separator, 0.4), 1);
     if (look.locked)
-        drawText(painter, rect, Fonts::symbol(12), withOpacity(palette().orange, 0.6), Qt::AlignCenter,
-            glyph(u"lock.fill"));
+        drawText(painter, rect, Fonts::symbol(12), withOpacity(tintText(palette().orange, palette()), 0.8),
+            Qt::AlignCenter, glyph(u"lock.fill"));
 }
 
 void GridPainter::paintConnected(QPainter& painter, const QRectF& rect) const
@@ -239,7 +239,8 @@ void GridPainter::paintRowTexts(
     constexpr double labelHeight = 15;
     constexpr double routedHeight = 12;
     constexpr double lockColumn = 16;
-    drawText(painter, rect, gridFonts::destinationNumber(), palette().orange,
+    drawText(painter, rect, gridFonts::destinationNumber(),
+        header.isPendingDest ? palette().text : tintText(palette().orange, palette()),
         Qt::AlignLeft | Qt::AlignVCenter, QString::number(header.dest.index + 1));
     if (header.locked)
         drawText(painter, rect, Fonts::symbol(12), palette().orange, Qt::AlignRight | Qt::AlignVCenter,
@@ -279,7 +280,7 @@ QImage GridPainter::picture(const ColumnHeaderTile& tile)
     paintRotatedLabel(painter, rect.adjusted(0, 0, 0, -30), header.source.label);
     const QRectF number(rect.left(), rect.bottom() - 30, rect.width(), 14);
     drawText(painter, number, gridFonts::sourceNumber(),
-        header.isArmed ? tintText(m_style.tint, palette()) : palette().green, Qt::AlignCenter,
+        tintText(header.isArmed ? m_style.tint : palette().green, palette()), Qt::AlignCenter,
         QString::number(header.source.index + 1));
     if (header.signalPresent) {
         painter.setPen(Qt::NoPen);
@@ -317,9 +318,10 @@ QImage GridPainter::picture(const CornerTile&)
             Qt::AlignLeft | Qt::AlignVCenter, text);
     };
     const QRectF inner = rect.adjusted(headerPadding, headerPadding, -headerPadding, -headerPadding);
-    label({inner.left(), inner.top(), inner.width(), 12}, palette().green, u"arrow.right", u"SOURCES"_s);
-    label({inner.left(), inner.bottom() - 12, inner.width(), 12}, palette().orange, u"arrow.down",
-        u"DESTINATIONS"_s);
+    label({inner.left(), inner.top(), inner.width(), 12}, tintText(palette().green, palette()),
+        u"arrow.right", u"SOURCES"_s);
+    label({inner.left(), inner.bottom() - 12, inner.width(), 12}, tintText(palette().orange, palette()),
+        u"arrow.down", u"DESTINATIONS"_s);
     return image;
 }
 

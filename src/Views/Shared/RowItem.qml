@@ -20,7 +20,7 @@ Item {
     property bool isSettled: true
     property real radius: GlassKit.rowRadius
     property real ringMargins: 0
-    property color ringColor: GlassKit.colors.faded(GlassKit.colors.accent, 0.9)
+    property color ringColor: GlassKit.colors.accent
     // What is seen under the pointer.
     property color hoverColor: GlassKit.colors.faint
 
