@@ -17,18 +17,21 @@ EmptyState {
         anchors.horizontalCenter: parent.horizontalCenter
         status: root.model.content.status
     }
-    PlainText {
+    SpokenText {
+        id: message
+
         visible: text !== ""
         width: parent.width
         horizontalAlignment: Text.AlignHCenter
-        text: root.model.content.failure
+        text: root.model.content.message
         font: GlassKit.calloutFont
-        color: GlassKit.colors.tintText(GlassKit.colors.red)
+        color: root.model.content.isFailure ? GlassKit.colors.tintText(GlassKit.colors.red) : GlassKit.colors.secondary
         wrapMode: Text.Wrap
         maximumLineCount: 4
-        Accessible.role: Accessible.StaticText
-        Accessible.name: text
-        Accessible.ignored: !visible
+
+        Tip {
+            text: message.truncated ? message.text : ""
+        }
     }
     ProgressLine {
         anchors.horizontalCenter: parent.horizontalCenter

@@ -13,12 +13,6 @@ bool isConnecting(const ConnectionStatus& status)
     return std::holds_alternative<Connecting>(status);
 }
 
-QString failure(const ConnectionStatus& status)
-{
-    const auto* failed = std::get_if<ConnectionFailed>(&status);
-    return failed ? failed->message : QString();
-}
-
 QString percentRead(double fraction)
 {
     return u"%1% read"_s.arg(qFloor(fraction * 100));
@@ -42,13 +36,15 @@ void ConnectPromptModel::refresh()
     const auto& status = controller()->status();
     const auto progress = controller()->readingProgress();
     const bool canCancel = isConnecting(status);
+    const auto& failure = controller()->connectionFailure();
     replace(m_content,
         {.symbol = symbolName(connection.vendor),
             .tint = routerColor(connection, palette()),
             .name = connection.name,
             .address = u"%1 · %2"_s.arg(displayName(connection.vendor), connection.endpointDescription()),
             .status = statusLook(status, palette()),
-            .failure = failure(status),
+            .message = canCancel ? controller()->statusMessage() : failure,
+            .isFailure = !canCancel && !failure.isEmpty(),
             .showsProgress = progress.has_value(),
             .progress = progress.value_or(0),
             .progressText = progress ? percentRead(*progress) : QString(),

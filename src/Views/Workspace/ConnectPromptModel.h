@@ -14,7 +14,8 @@ struct ConnectPromptContent {
     Q_PROPERTY(QString name MEMBER name FINAL)
     Q_PROPERTY(QString address MEMBER address FINAL)
     Q_PROPERTY(corvane::StatusLook status MEMBER status FINAL)
-    Q_PROPERTY(QString failure MEMBER failure FINAL)
+    Q_PROPERTY(QString message MEMBER message FINAL)
+    Q_PROPERTY(bool isFailure MEMBER isFailure FINAL)
     Q_PROPERTY(bool showsProgress MEMBER showsProgress FINAL)
     Q_PROPERTY(double progress MEMBER progress FINAL)
     Q_PROPERTY(QString progressText MEMBER progressText FINAL)
@@ -27,8 +28,9 @@ public:
     QString name;
     QString address;
     StatusLook status;
-    /// Empty unless the connection failed.
-    QString failure;
+    /// What the attempt is at, or else why the connection failed or was lost. May be empty.
+    QString message;
+    bool isFailure = false;
     /// Only while it is known how far the reading of the device has come.
     bool showsProgress = false;
     /// 0 to 1.
