@@ -127,11 +127,6 @@ TEST_F(MainWindowTest, AScreenReaderPressesButtonsAndHearsWhatTheyAre)
     settle();
     act(find(QAccessible::Button, u"Clear staged route"_s), press);
     EXPECT_FALSE(demo.hasStaging());
-
-    demo.setLastError(u"Refused"_s);
-    settle();
-    act(find(QAccessible::AlertMessage, u"Refused"_s), press);
-    EXPECT_EQ(demo.lastError(), std::nullopt);
 }
 
 } // namespace

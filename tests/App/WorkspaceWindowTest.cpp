@@ -1,12 +1,65 @@
 #include "WindowTest.h"
 
+#include "Theme/SpokenAlert.h"
+
+#include <QMouseEvent>
+
 namespace corvane {
 
 namespace {
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
-using WorkspaceWindowTest = WindowTest;
+constexpr QSize smallest{860, 560};
+
+/// Notes what interrupts a screen reader.
+class HeardAlerts {
+public:
+    HeardAlerts()
+    {
+        SpokenAlert::sendBy([this](QAccessibleEvent& event) {
+            const auto* const item = event.accessibleInterface();
+            if (event.type() == QAccessible::Alert && item->role() == QAccessible::AlertMessage
+                && !item->state().invisible)
+                m_names.append(item->text(QAccessible::Name));
+        });
+    }
+    ~HeardAlerts() { SpokenAlert::sendBy({}); }
+    HeardAlerts(const HeardAlerts&) = delete;
+    HeardAlerts& operator=(const HeardAlerts&) = delete;
+
+    /// Since the last call.
+    [[nodiscard]] QStringList taken() { return std::exchange(m_names, {}); }
+
+private:
+    QStringList m_names;
+};
+
+class WorkspaceWindowTest : public WindowTest {
+protected:
+    [[nodiscard]] MatrixController& demo() const { return controller(u"Demo Router"_s); }
+
+    [[nodiscard]] QAccessibleInterface* banner() const { return find(QAccessible::AlertMessage); }
+
+    void tell(const QString& error)
+    {
+        demo().setLastError(error);
+        settle();
+    }
+    void moveTo(QPoint place)
+    {
+        QMouseEvent event(
+            QEvent::MouseMove, place, window->mapToGlobal(place), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(window.get(), &event);
+        settle();
+    }
+    void wait(Duration duration)
+    {
+        queue.advance(duration);
+        settle();
+    }
+};
 
 TEST_F(WorkspaceWindowTest, WhyThereIsNoConnectionIsReadInTheMiddleUntilTheNextAttempt)
 {
@@ -31,6 +84,84 @@ TEST_F(WorkspaceWindowTest, WhyThereIsNoConnectionIsReadInTheMiddleUntilTheNextA
     report(name, driverEvent::Disconnected{});
     settle();
     EXPECT_TRUE(readsInTheMiddle(late));
+}
+
+TEST_F(WorkspaceWindowTest, AnErrorCoversNothingThatCanBePressed)
+{
+    const auto inList = [this] { demo().setViewMode(RouteViewMode::list); };
+    const std::function<void()> views[] = {[] {}, inList};
+    for (const auto size : {QSize(1180, 760), smallest})
+        for (const auto& show : views) {
+            window->resize(size);
+            show();
+            tell(u"OUT 1 is locked."_s);
+            const int oneLine = banner()->rect().height();
+            tell(QString(300, u'W') + QString(u" wide"_s).repeated(100));
+            ASSERT_NE(banner(), nullptr);
+            EXPECT_GE(banner()->rect().height(), oneLine) << "three lines";
+            for (const auto role : {QAccessible::Button, QAccessible::RadioButton, QAccessible::ListItem})
+                for (const auto* each : findAll(role))
+                    EXPECT_FALSE(each->rect().intersects(banner()->rect()))
+                        << each->text(QAccessible::Name).toStdString();
+        }
+}
+
+TEST_F(WorkspaceWindowTest, AnErrorStaysAsLongAsThePointerOrTheKeyboardIsOnIt)
+{
+    const auto nowhere = QPoint(5, window->height() - 5);
+    tell(u"Refused"_s);
+    moveTo(window->mapFromGlobal(banner()->rect().center()));
+    wait(1h);
+    ASSERT_NE(banner(), nullptr);
+    moveTo(nowhere);
+    wait(3s);
+    EXPECT_NE(banner(), nullptr);
+    wait(1s);
+    EXPECT_EQ(banner(), nullptr);
+
+    demo().setTakeMode(TakeMode::confirm);
+    demo().stageRoute(3, 0);
+    const QAccessibleInterface* before = nullptr;
+    tell(u"Refused"_s);
+    for (int i = 0; i < 20 && focused() != banner(); ++i)
+        before = focused(), press(Qt::Key_Tab);
+    ASSERT_EQ(focused(), banner());
+    wait(1h);
+    ASSERT_NE(banner(), nullptr);
+    press(Qt::Key_Return);
+    EXPECT_EQ(banner(), nullptr);
+    EXPECT_EQ(focused(), before);
+    EXPECT_TRUE(demo().pendingTake()) << "Return was the banner's";
+}
+
+TEST_F(WorkspaceWindowTest, WhatHappensOnAnErrorEndsThere)
+{
+    demo().setTakeMode(TakeMode::confirm);
+    tell(u"Refused"_s);
+    const auto before = demo().operatorState();
+    click(Qt::RightButton, *banner());
+    EXPECT_NE(banner(), nullptr);
+    click(Qt::LeftButton, *banner());
+    EXPECT_EQ(banner(), nullptr);
+    EXPECT_EQ(demo().lastError(), std::nullopt);
+    EXPECT_EQ(demo().operatorState(), before);
+}
+
+TEST_F(WorkspaceWindowTest, AScreenReaderIsInterruptedOnceForEachError)
+{
+    HeardAlerts alerts;
+    tell(u"one"_s);
+    EXPECT_EQ(alerts.taken(), QStringList(u"one"_s));
+    tell(u"one"_s);
+    wear(Appearance::dark);
+    settle();
+    EXPECT_EQ(alerts.taken(), QStringList());
+    tell(u"two"_s);
+    EXPECT_EQ(alerts.taken(), QStringList(u"two"_s));
+    act(banner(), QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(demo().lastError(), std::nullopt);
+    tell(u"two"_s);
+    EXPECT_EQ(alerts.taken(), QStringList(u"two"_s));
 }
 
 } // namespace

@@ -17,10 +17,10 @@ EmptyState {
         anchors.horizontalCenter: parent.horizontalCenter
         status: root.model.content.status
     }
+    // Keeps its first line while there is nothing to tell, so that the button stays under the pointer.
     SpokenText {
         id: message
 
-        visible: text !== ""
         width: parent.width
         horizontalAlignment: Text.AlignHCenter
         text: root.model.content.message

@@ -8,6 +8,7 @@ Item {
 
     required property DeviceHeaderModel model
     readonly property int iconWidth: 28
+    readonly property alias surfaceWidth: surface.width
     readonly property real titlesWidth: Math.max(title.implicitWidth, specs.implicitWidth)
     readonly property real roomyWidth: iconWidth + titlesWidth + pill.implicitWidth + 2 * 16
     readonly property bool isCompact: roomyWidth > surface.width - 2 * GlassKit.sideMargin

@@ -1,5 +1,7 @@
 #include "Views/Workspace/ErrorBannerModel.h"
 
+#include <utility>
+
 namespace corvane {
 
 using namespace std::chrono_literals;
@@ -15,18 +17,30 @@ void ErrorBannerModel::dismiss()
         controller()->setLastError(std::nullopt);
 }
 
+void ErrorBannerModel::setBeingRead(bool isBeingRead)
+{
+    if (std::exchange(m_isBeingRead, isBeingRead) != isBeingRead)
+        restartDismissal();
+}
+
 void ErrorBannerModel::refresh()
 {
-    const auto error = controller()->isConnected() ? controller()->lastError() : std::nullopt;
-    const ErrorBannerContent content{
-        .isShown = error.has_value(), .message = error.value_or(m_content.message)};
-    if (content == m_content)
+    const auto message =
+        controller()->isConnected() ? controller()->lastError().value_or(QString()) : QString();
+    if (message == m_message)
         return;
-    if (content.isShown)
-        m_dismissal.restart();
-    else
+    m_message = message;
+    m_isBeingRead = m_isBeingRead && !message.isEmpty();
+    restartDismissal();
+    emit contentChanged();
+}
+
+void ErrorBannerModel::restartDismissal()
+{
+    if (m_message.isEmpty() || m_isBeingRead)
         m_dismissal.cancel();
-    replace(m_content, content);
+    else
+        m_dismissal.restart();
 }
 
 } // namespace corvane

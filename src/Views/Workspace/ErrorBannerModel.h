@@ -7,39 +7,32 @@
 
 namespace corvane {
 
-struct ErrorBannerContent {
-    Q_GADGET
-    QML_VALUE_TYPE(errorBannerContent)
-    Q_PROPERTY(bool isShown MEMBER isShown FINAL)
-    Q_PROPERTY(QString message MEMBER message FINAL)
-
-public:
-    bool isShown = false;
-    /// Stays while the banner leaves.
-    QString message;
-
-    bool operator==(const ErrorBannerContent&) const = default;
-};
-
 /// Shows a connected router's last error for four seconds; a new error is shown for four seconds of its own.
+/// While it is being read it stays, and then has four seconds again.
 class ErrorBannerModel : public ControllerModel {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Belongs to a CorvaneViewModel")
-    Q_PROPERTY(corvane::ErrorBannerContent content READ content NOTIFY contentChanged FINAL)
+    Q_PROPERTY(QString message READ message NOTIFY contentChanged FINAL)
 
 public:
     ErrorBannerModel(SerialQueue& mainQueue, const GlassKit& theme, QObject* parent = nullptr);
 
-    [[nodiscard]] const ErrorBannerContent& content() const { return m_content; }
+    /// Empty while there is nothing to tell.
+    [[nodiscard]] const QString& message() const { return m_message; }
 
     Q_INVOKABLE void dismiss();
+    /// The pointer or the keyboard has come to the banner or left it.
+    Q_INVOKABLE void setBeingRead(bool isBeingRead);
 
 protected:
     void refresh() override;
 
 private:
-    ErrorBannerContent m_content;
+    void restartDismissal();
+
+    QString m_message;
+    bool m_isBeingRead = false;
     QuietTimer m_dismissal;
 };
 

@@ -95,26 +95,32 @@ FocusScope {
         model: root.model.controlBar
         onHeightChanged: root.model.controlBarHeight = height
     }
-    ErrorBanner {
-        id: banner
+    // It takes the place of the device's header, where there is nothing to press. Clipped, for while it slides in it is not to
+    // cover the toolbar.
+    Item {
+        x: headerRow.x + header.x
+        width: header.width
+        height: headerRow.y + headerRow.height + 24
+        clip: banner.y < 0
 
-        anchors.horizontalCenter: parent.horizontalCenter
-        maximumWidth: parent.width - 2 * GlassKit.sideMargin
-        y: root.model.banner.content.isShown ? 8 : -height - 12
-        opacity: root.model.banner.content.isShown ? 1 : 0
-        visible: opacity > 0
-        message: root.model.banner.content.message
-        onClicked: root.model.banner.dismiss()
+        ErrorBanner {
+            id: banner
 
-        Behavior on y {
-            NumberAnimation {
-                duration: GlassKit.bannerDuration
-                easing.type: Easing.OutCubic
-            }
-        }
-        Behavior on opacity {
-            NumberAnimation {
-                duration: GlassKit.bannerDuration
+            readonly property real shownAt: headerRow.y + Math.round((headerRow.height - height) / 2)
+
+            x: Math.round((parent.width - width) / 2)
+            y: isShown ? shownAt : -height
+            width: header.surfaceWidth
+            height: Math.max(implicitHeight, headerRow.height)
+            message: root.model.banner.message
+            onDismiss: root.model.banner.dismiss()
+            onIsBeingReadChanged: root.model.banner.setBeingRead(isBeingRead)
+
+            Behavior on y {
+                NumberAnimation {
+                    duration: GlassKit.bannerDuration
+                    easing.type: Easing.OutCubic
+                }
             }
         }
     }
