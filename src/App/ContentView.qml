@@ -15,9 +15,18 @@ FocusScope {
     RouterSidebar {
         id: sidebar
 
+        anchors.top: parent.top
+        anchors.bottom: saveProblem.top
         width: divider.position
-        height: parent.height
         model: root.model.sidebar
+    }
+    SaveProblem {
+        id: saveProblem
+
+        anchors.bottom: parent.bottom
+        width: divider.position
+        height: implicitHeight
+        model: root.model
     }
     FocusScope {
         id: detail

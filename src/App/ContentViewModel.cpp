@@ -9,6 +9,7 @@ ContentViewModel::ContentViewModel(const CorvaneViewModel::Environment& environm
 {
     connect(&store, &ConnectionStore::connectionsChanged, this, &ContentViewModel::update);
     connect(&store, &ConnectionStore::selectedConnectionIDChanged, this, &ContentViewModel::update);
+    connect(&store, &ConnectionStore::saveProblemChanged, this, &ContentViewModel::saveProblemChanged);
     update();
 }
 
@@ -26,6 +27,11 @@ QVariantList ContentViewModel::workspaces() const
 QString ContentViewModel::windowTitle() const
 {
     return m_workspace ? m_workspace->windowTitle() : u"Corvane"_s;
+}
+
+void ContentViewModel::dismissSaveProblem()
+{
+    m_store.dismissSaveProblem();
 }
 
 void ContentViewModel::windowIsUp()

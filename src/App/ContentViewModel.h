@@ -20,6 +20,8 @@ class ContentViewModel : public QObject {
     /// workspace.
     Q_PROPERTY(QVariantList workspaces READ workspaces NOTIFY workspaceChanged FINAL)
     Q_PROPERTY(QString windowTitle READ windowTitle NOTIFY windowTitleChanged FINAL)
+    /// What could not be written and why, until it is or until it is dismissed; else empty.
+    Q_PROPERTY(QString saveProblem READ saveProblem NOTIFY saveProblemChanged FINAL)
 
 public:
     /// All must outlive the model.
@@ -31,6 +33,8 @@ public:
     [[nodiscard]] CorvaneViewModel* workspace() const { return m_workspace.get(); }
     [[nodiscard]] QVariantList workspaces() const;
     [[nodiscard]] QString windowTitle() const;
+    [[nodiscard]] QString saveProblem() const { return m_store.saveProblem(); }
+    Q_INVOKABLE void dismissSaveProblem();
 
     /// Call it once the window is up.
     void windowIsUp();
@@ -38,6 +42,7 @@ public:
 signals:
     void workspaceChanged();
     void windowTitleChanged();
+    void saveProblemChanged();
 
 private:
     void update();

@@ -33,6 +33,8 @@ protected:
 
     [[nodiscard]] RouterConnection router(const QString& name) const;
     [[nodiscard]] MatrixController& controller(const QString& name) const;
+    /// Of a file in the folder of what is saved.
+    [[nodiscard]] QString dataPath(const QString& name) const { return m_folder.path(name); }
     /// What the router's driver says. It has been told to connect when the window came up.
     void report(const QString& name, RouterDriverEvent event);
 

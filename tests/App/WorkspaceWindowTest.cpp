@@ -164,6 +164,42 @@ TEST_F(WorkspaceWindowTest, AScreenReaderIsInterruptedOnceForEachError)
     EXPECT_EQ(alerts.taken(), QStringList(u"two"_s));
 }
 
+TEST_F(WorkspaceWindowTest, WhatCouldNotBeSavedIsToldUntilItIsOrIsPutAway)
+{
+    const auto text = u"Not saved: labels.json (Is a directory)"_s;
+    const auto labels = dataPath(u"labels.json"_s);
+    const auto rename = [this](const QString& name) {
+        demo().rename(PortKind::source, 0, name);
+        settle();
+    };
+    HeardAlerts alerts;
+    ASSERT_TRUE(QDir().mkdir(labels));
+    rename(u"A"_s);
+    EXPECT_EQ(alerts.taken(), QStringList(text));
+    store->setSelectedConnectionID(std::nullopt);
+    rename(u"B"_s);
+    wait(1h);
+    EXPECT_NE(find(QAccessible::AlertMessage, text), nullptr);
+    EXPECT_EQ(alerts.taken(), QStringList());
+    QDir().rmdir(labels);
+    rename(u"C"_s);
+    EXPECT_EQ(find(QAccessible::AlertMessage), nullptr);
+
+    QFile::remove(labels);
+    ASSERT_TRUE(QDir().mkdir(labels));
+    store->setSelectedConnectionID(demo().id());
+    rename(u"D"_s);
+    EXPECT_EQ(alerts.taken(), QStringList(text));
+    const QAccessibleInterface* before = nullptr;
+    for (int i = 0; i < 20 && (!focused() || focused()->text(QAccessible::Name) != u"Dismiss"_s); ++i)
+        before = focused(), press(Qt::Key_Tab);
+    press(Qt::Key_Space);
+    EXPECT_EQ(find(QAccessible::AlertMessage), nullptr);
+    EXPECT_EQ(focused(), before);
+    rename(u"E"_s);
+    EXPECT_EQ(alerts.taken(), QStringList());
+}
+
 } // namespace
 
 } // namespace corvane
