@@ -25,6 +25,24 @@ QString targets(const QList<qint64>& destinations, const RouterState& state)
     return u"→ %1 destinations"_s.arg(destinations.size());
 }
 
+/// Empty if nothing that is staged is locked.
+QString lockedText(const MatrixController& controller)
+{
+    const auto locked = controller.lockedPendingDestinations();
+    if (locked.isEmpty())
+        return {};
+    auto staged = controller.pendingDestinations();
+    if (controller.pendingDestination())
+        staged.insert(*controller.pendingDestination());
+    if (staged.size() == 1)
+        return controller.lockMessage(locked.front());
+    QStringList names;
+    for (const auto destination : locked)
+        names.append(label(controller.state().destinations, destination));
+    return u"→ %1 of %2, locked: %3"_s.arg(
+        QString::number(staged.size() - locked.size()), QString::number(staged.size()), names.join(u", "_s));
+}
+
 QString hint(RoutingDirection direction)
 {
     return direction == RoutingDirection::sourceLed ? u"Tap destinations to stage"_s : u"Stage a route"_s;
@@ -124,8 +142,10 @@ void ControlBarModel::tellStaging(ControlBarContent& content) const
     content.showsTake = controller()->takeMode() == TakeMode::confirm;
     content.canTake = pending.has_value();
     content.canClear = controller()->hasStaging();
+    content.lockedText = lockedText(*controller());
     if (!pending) {
-        content.emptyHint = hint(controller()->routingDirection());
+        if (content.lockedText.isEmpty())
+            content.emptyHint = hint(controller()->routingDirection());
         return;
     }
     const auto& state = controller()->state();

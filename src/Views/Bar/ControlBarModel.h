@@ -34,6 +34,7 @@ struct ControlBarContent {
     Q_PROPERTY(bool canClear MEMBER canClear FINAL)
     Q_PROPERTY(QString stagedSource MEMBER stagedSource FINAL)
     Q_PROPERTY(QString targetText MEMBER targetText FINAL)
+    Q_PROPERTY(QString lockedText MEMBER lockedText FINAL)
     Q_PROPERTY(QString emptyHint MEMBER emptyHint FINAL)
 
 public:
@@ -55,7 +56,9 @@ public:
     /// What a take would do; both empty while there is nothing to take.
     QString stagedSource;
     QString targetText;
-    /// How to get there; empty when there is something to take.
+    /// In place of the target: what of it a take will refuse. Empty while nothing that is staged is locked.
+    QString lockedText;
+    /// How to get there; empty when there is something to take, or something to say in its place.
     QString emptyHint;
 
     bool operator==(const ControlBarContent&) const = default;

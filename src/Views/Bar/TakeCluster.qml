@@ -22,12 +22,20 @@ Row {
             font: GlassKit.subheadlineFont
         }
         SpokenText {
+            id: target
+
+            readonly property string lockedText: root.model.content.lockedText
+
             anchors.right: parent.right
             visible: text !== ""
             width: Math.min(implicitWidth, 180)
-            text: root.model.content.targetText
+            text: lockedText === "" ? root.model.content.targetText : lockedText
             font: GlassKit.captionFont
-            color: GlassKit.colors.secondary
+            color: lockedText === "" ? GlassKit.colors.secondary : GlassKit.colors.tintText(GlassKit.colors.orange)
+
+            Tip {
+                text: target.truncated ? target.text : ""
+            }
         }
         SpokenText {
             anchors.right: parent.right

@@ -131,6 +131,40 @@ TEST_F(ControlBarModelTest, TellsWhatATakeWouldDo)
     }
 }
 
+TEST_F(ControlBarModelTest, NamesWhatIsStagedAndLocked)
+{
+    struct Case {
+        const char* name;
+        std::optional<qint64> source;
+        std::optional<qint64> destination;
+        QSet<qint64> destinations;
+        QString shown;
+    };
+    const Case cases[] = {
+        {"selected first", {}, 2, {}, u"Out 3 is locked."_s},
+        {"the only one", 0, 2, {}, u"Out 3 is locked."_s},
+        {"one of several", 0, {}, {0, 1, 2}, u"→ 2 of 3, locked: Out 3"_s},
+        {"some of several", 0, {}, {0, 2, 3}, u"→ 1 of 3, locked: Out 3, Out 4"_s},
+        {"all of several", 0, {}, {2, 3}, u"→ 0 of 2, locked: Out 3, Out 4"_s},
+        {"none", 0, {}, {0, 1}, u""_s},
+    };
+    connectTo(matrix(4, 4));
+    controller->setTakeMode(TakeMode::confirm);
+    controller->setDirection(RoutingDirection::sourceLed);
+    for (const auto& c : cases) {
+        controller->setPendingSource(c.source);
+        controller->setPendingDestination(c.destination);
+        controller->setPendingDestinations(c.destinations);
+        for (const qint64 locked : {2, 3})
+            report(driverEvent::LockChanged{locked, true});
+        EXPECT_EQ(content().lockedText, c.shown) << c.name;
+        EXPECT_EQ(content().emptyHint, QString()) << c.name;
+        for (const qint64 locked : {2, 3})
+            report(driverEvent::LockChanged{locked, false});
+        EXPECT_EQ(content().lockedText, QString()) << c.name;
+    }
+}
+
 TEST_F(ControlBarModelTest, TellsHowToGetToATake)
 {
     connectTo(matrix(4, 4));
