@@ -25,6 +25,7 @@ Q_IMPORT_QML_PLUGIN(Corvane_Views_SharedPlugin)
 Q_IMPORT_QML_PLUGIN(Corvane_Views_GridPlugin)
 Q_IMPORT_QML_PLUGIN(Corvane_Views_ListPlugin)
 Q_IMPORT_QML_PLUGIN(Corvane_Views_BarPlugin)
+Q_IMPORT_QML_PLUGIN(Corvane_Views_SalvosPlugin)
 Q_IMPORT_QML_PLUGIN(Corvane_Views_SidebarPlugin)
 Q_IMPORT_QML_PLUGIN(Corvane_Views_WorkspacePlugin)
 

@@ -11,6 +11,8 @@ namespace corvane {
 
 using namespace Qt::StringLiterals;
 
+using namespace std::chrono_literals;
+
 namespace {
 
 /// Counted from 1 as operators do; without the sign, for the largest number has no successor.
@@ -31,7 +33,8 @@ MatrixController::MatrixController(RouterConnection connection, const Environmen
     : m_connection(std::move(connection)),
       m_environment(environment),
       m_storeKey(idText(m_connection.id)),
-      m_state(RouterState::empty(m_connection))
+      m_state(RouterState::empty(m_connection)),
+      m_firingSilence(environment.mainQueue, 12s, [this] { endFiring(); })
 {
     m_observed.salvos = environment.salvoStore.byConnection().value(m_storeKey);
     m_observed.panels = environment.panelStore.panels(m_connection.id);
@@ -81,6 +84,7 @@ void MatrixController::teardown()
     m_driver.reset();
     m_observed.readingProgress.reset();
     m_observed.connectionFailure.clear();
+    endFiring();
     clearPending();
 }
 

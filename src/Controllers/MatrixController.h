@@ -4,7 +4,9 @@
 #include "Controllers/PanelPorts.h"
 #include "Controllers/RoutingRules.h"
 #include "Controllers/SalvoDiff.h"
+#include "Controllers/SalvoFiring.h"
 #include "Drivers/DriverFactory.h"
+#include "Foundation/QuietTimer.h"
 #include "Foundation/SerialQueue.h"
 #include "Model/RouterModels.h"
 
@@ -190,6 +192,9 @@ public:
     [[nodiscard]] QList<Route> applicableRoutes(const Salvo& salvo) const;
     [[nodiscard]] SalvoDiff diff(const Salvo& salvo) const;
     void fireSalvo(const Salvo& salvo);
+    /// How far the router has confirmed the large salvo that was fired last; absent once all is confirmed, or
+    /// nothing more has been for a while.
+    [[nodiscard]] std::optional<FiringProgress> firingProgress() const;
     [[nodiscard]] QList<Salvo> visibleSalvos() const;
     [[nodiscard]] QList<Salvo> fullRouterSalvos() const;
     [[nodiscard]] bool showsSalvoStrip() const;
@@ -228,6 +233,7 @@ signals:
     void crosspointChanged(qint64 level, qint64 destination);
     void lockChanged(qint64 destination);
     void inputStatusChanged(qint64 input);
+    void firingProgressChanged();
     /// Effective names of any number of ports changed. Emitted at most once a turn of the main queue for all
     /// that the device reported since.
     void labelsChanged();
@@ -300,6 +306,9 @@ private:
     [[nodiscard]] bool isPanelSalvo(const Salvo& salvo) const;
     [[nodiscard]] std::optional<SubPanel> panel(std::optional<QUuid> panelID) const;
     void readSalvosBack();
+    void beginFiring(const QList<Route>& changes);
+    void noteFiring(bool isConfirming);
+    void endFiring();
 
     void readPanelsBack();
     void refreshPanelPorts();
@@ -322,6 +331,8 @@ private:
     std::optional<VisiblePorts> m_panelPorts;
     std::shared_ptr<RouterDriver> m_driver;
     std::stop_source m_eventStop;
+    std::optional<SalvoFiring> m_firing;
+    QuietTimer m_firingSilence;
     /// The outermost operation in progress.
     Change* m_change = nullptr;
 };

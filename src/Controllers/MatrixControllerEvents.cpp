@@ -48,6 +48,8 @@ void MatrixController::handle(driverEvent::RouteChanged&& event)
 {
     if (!hasCrosspoint(event.level, event.destination))
         return;
+    if (m_firing)
+        noteFiring(m_firing->confirm(Crosspoint{event.level, event.destination, event.source}));
     if (routing::write(m_state, {event.level, event.destination, event.source}))
         emit crosspointChanged(event.level, event.destination);
 }
@@ -93,6 +95,7 @@ void MatrixController::handle(driverEvent::Disconnected&& event)
 {
     const Change change(*this);
     m_observed.status = Disconnected{};
+    endFiring();
     if (!event.reason)
         return;
     m_observed.statusMessage = *event.reason;
@@ -105,6 +108,7 @@ void MatrixController::handle(driverEvent::Error&& event)
     const Change change(*this);
     m_observed.lastError = event.message;
     m_observed.status = ConnectionFailed{event.message};
+    endFiring();
     m_observed.connectionFailure = event.message;
     m_observed.statusMessage.clear();
 }
@@ -142,6 +146,8 @@ void MatrixController::adopt(RouterState&& newState)
     pruneSelectionsToVisible();
     if (m_state != oldState)
         change.note([this] { emit stateReplaced(); });
+    if (m_firing)
+        noteFiring(m_firing->confirm(m_state));
 }
 
 /// Destinations in the gang or staged as several are left to `pruneSelectionsToVisible`, because what the

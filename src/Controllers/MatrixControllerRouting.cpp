@@ -141,6 +141,7 @@ void MatrixController::routeOptimistically(const QList<Route>& routes)
             // Whatever was routed since: the router's own reports correct the display.
             const Change rollback(*this);
             writeTallies(before);
+            endFiring();
             setLastError(description);
         });
 }

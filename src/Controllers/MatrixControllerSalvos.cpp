@@ -85,7 +85,41 @@ void MatrixController::fireSalvo(const Salvo& salvo)
         setLastError(u"\"%1\" has no routes that apply to this router."_s.arg(salvo.name));
         return;
     }
+    if (routes.size() > SalvoFiring::leastRoutes)
+        beginFiring(diff(salvo).changes);
     routeOptimistically(routes);
+}
+
+std::optional<FiringProgress> MatrixController::firingProgress() const
+{
+    return m_firing ? std::optional(m_firing->progress()) : std::nullopt;
+}
+
+void MatrixController::beginFiring(const QList<Route>& changes)
+{
+    m_firing.emplace(changes);
+    noteFiring(true);
+}
+
+void MatrixController::noteFiring(bool isConfirming)
+{
+    if (!isConfirming)
+        return;
+    if (m_firing->isDone()) {
+        endFiring();
+        return;
+    }
+    m_firingSilence.restart();
+    emit firingProgressChanged();
+}
+
+void MatrixController::endFiring()
+{
+    m_firingSilence.cancel();
+    if (!m_firing)
+        return;
+    m_firing.reset();
+    emit firingProgressChanged();
 }
 
 bool MatrixController::isPanelSalvo(const Salvo& salvo) const

@@ -12,6 +12,9 @@ T.Popup {
     property string message
     required property string acceptText
     property bool destructive: false
+    // Without the one it can only be cancelled, without the other only be acknowledged.
+    property bool canAccept: true
+    property bool canCancel: true
     default property alias content: extras.data
 
     signal accepted
@@ -32,6 +35,7 @@ T.Popup {
     closePolicy: T.Popup.NoAutoClose
     // Seen to have the keyboard, for it is what Return presses.
     onOpened: if (destructive) cancelButton.forceActiveFocus(Qt.TabFocusReason)
+    onCanAcceptChanged: if (!canAccept) cancelButton.forceActiveFocus(Qt.TabFocusReason)
     implicitHeight: contentItem.implicitHeight + topPadding + bottomPadding
 
     T.Overlay.modal: Rectangle {
@@ -53,8 +57,8 @@ T.Popup {
         Accessible.name: root.title
         Accessible.description: root.message
         Keys.onEscapePressed: root.cancelled()
-        Keys.onReturnPressed: event => root.act(event, !root.destructive, root.accepted)
-        Keys.onEnterPressed: event => root.act(event, !root.destructive, root.accepted)
+        Keys.onReturnPressed: event => root.act(event, root.canAccept && !root.destructive, root.accepted)
+        Keys.onEnterPressed: event => root.act(event, root.canAccept && !root.destructive, root.accepted)
 
         Column {
             id: column
@@ -69,12 +73,12 @@ T.Popup {
                 wrapMode: Text.Wrap
                 maximumLineCount: 3
             }
-            PlainText {
+            SpokenText {
                 visible: text !== ""
                 width: parent.width
                 text: root.message
                 wrapMode: Text.Wrap
-                maximumLineCount: 6
+                maximumLineCount: 9
                 color: GlassKit.colors.secondary
             }
             Item {
@@ -91,10 +95,12 @@ T.Popup {
                 GlassButton {
                     id: cancelButton
 
+                    visible: root.canCancel
                     text: "Cancel"
                     onClicked: root.cancelled()
                 }
                 ProminentButton {
+                    visible: root.canAccept
                     text: root.acceptText
                     accent: root.destructive ? GlassKit.colors.red : GlassKit.colors.accent
                     onClicked: root.accepted()

@@ -13,6 +13,7 @@ T.AbstractButton {
     property real symbolSize: 16
     property string tip
     property color tint: GlassKit.colors.text
+    property color symbolTint: tint
     readonly property color ink: available ? tint : GlassKit.colors.unavailable
     property color fill: GlassKit.colors.quaternary
     property real radius: height / 2
@@ -80,7 +81,7 @@ T.AbstractButton {
                 visible: root.symbol !== ""
                 name: root.symbol
                 size: root.symbolSize
-                color: root.ink
+                color: root.available ? root.symbolTint : root.ink
             }
             PlainText {
                 id: label

@@ -29,6 +29,7 @@ struct GlassPalette {
     Q_PROPERTY(QColor shadow MEMBER shadow FINAL)
     Q_PROPERTY(QColor accent MEMBER accent FINAL)
     Q_PROPERTY(QColor orange MEMBER orange FINAL)
+    Q_PROPERTY(QColor green MEMBER green FINAL)
     Q_PROPERTY(QColor red MEMBER red FINAL)
 
 public:

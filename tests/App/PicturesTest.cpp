@@ -137,6 +137,52 @@ TEST_F(PicturesTest, SidebarMenu)
     EXPECT_TRUE(looksAs(u"tests/Pictures/sidebar-menu"_s, screen()));
 }
 
+/// A panel with salvos of its own, one of them in force, one in the way of a lock, and one of the whole router.
+void saveSalvos(MatrixController& router)
+{
+    router.saveSalvo(u"House Default"_s, {});
+    const SubPanel studio{QUuid::createUuid(), u"Studio A"_s, {0, 1, 2, 3, 5, 7, 8, 9}, {0, 1, 2, 3, 4, 6, 8, 9}};
+    router.savePanel(studio);
+    router.setActivePanelID(studio.id);
+    router.saveSalvo(u"Evening News"_s, studio.id);
+    router.take(8, 0);
+    router.take(9, 3);
+    router.saveSalvo(u"Weather"_s, studio.id);
+    router.take(2, 6);
+    router.toggleLock(6);
+    router.saveSalvo(u"Morning"_s, studio.id);
+}
+
+TEST_F(PicturesTest, Salvos)
+{
+    saveSalvos(demo());
+    const auto keep = [this](const QString& what, Appearance appearance, QSize size) {
+        queue.advance(std::chrono::milliseconds(20));
+        const bool isOfGuide = appearance == Appearance::light && size != smallest && what != u"salvo-sheet"_s;
+        const auto name = isOfGuide ? u"docs/pictures/"_s + what
+                                    : u"tests/Pictures/%1%2%3"_s.arg(what,
+                                          size == smallest ? u"-small"_s : QString(),
+                                          appearance == Appearance::dark ? u"-dark"_s : QString());
+        EXPECT_TRUE(looksAs(name, screen()));
+    };
+    const auto whole = window->size();
+    for (const auto appearance : {Appearance::light, Appearance::dark}) {
+        for (const auto size : {whole, smallest}) {
+            wear(appearance);
+            window->resize(size);
+            keep(u"salvo-strip"_s, appearance, size);
+            act(find(QAccessible::Button, u"Salvos"_s), QAccessibleActionInterface::pressAction());
+            keep(u"salvo-sheet"_s, appearance, size);
+            press(Qt::Key_Space);
+            keep(u"salvo-preview"_s, appearance, size);
+            act(find(QAccessible::Button, u"Fire Evening News"_s), QAccessibleActionInterface::pressAction());
+            keep(u"salvo-fire"_s, appearance, size);
+            press(Qt::Key_Escape);
+            press(Qt::Key_Escape);
+        }
+    }
+}
+
 TEST_F(PicturesTest, NoRouters)
 {
     window->resize(smallest);

@@ -212,4 +212,71 @@ QString fireButton(const SalvoDiff& diff)
     return u"Fire — Re-assert %1 Routes"_s.arg(diff.unchanged);
 }
 
+SalvoLook look(const Salvo& salvo, const SalvoDiff& diff, const MatrixController& controller)
+{
+    const bool inSync = isInSync(diff);
+    const auto name = text::oneLine(salvo.name);
+    return {.status = status(salvo, diff, controller),
+        .isInSync = inSync,
+        .canFire = canFire(diff, controller),
+        .fireName = u"Fire %1"_s.arg(name),
+        .updateName = u"Update %1 from current routing"_s.arg(name),
+        .updateTip = inSync ? u"Already matches the current routing"_s : u"Update from current routing"_s};
+}
+
+SalvoQuestion fireQuestion(const Salvo& salvo, const SalvoDiff& diff, const MatrixController& controller)
+{
+    return {.isShown = true,
+        .title = fireTitle(salvo),
+        .message = fireMessage(salvo, diff, controller),
+        .acceptText = fireButton(diff),
+        .canAccept = canFire(diff, controller)};
+}
+
+SalvoQuestion deleteQuestion(const Salvo& salvo)
+{
+    return {.isShown = true,
+        .title = u"Delete “%1”?"_s.arg(text::oneLine(salvo.name)),
+        .message = u"This salvo cannot be recovered."_s,
+        .acceptText = u"Delete"_s};
+}
+
+SalvoQuestion updateQuestion(const Salvo& salvo)
+{
+    return {.isShown = true,
+        .title = u"Update “%1”?"_s.arg(text::oneLine(salvo.name)),
+        .message =
+            u"Replaces its saved snapshot with the current routing. The old snapshot cannot be recovered."_s,
+        .acceptText = u"Update"_s};
+}
+
+QString newSalvoMessage(const std::optional<SubPanel>& panel, bool countsDestinations)
+{
+    if (!panel)
+        return u"Captures every destination's current source on all levels. "
+               "Saving with an existing name updates that salvo."_s;
+    const auto count = panel->destinationIndices.size();
+    const auto destinations = countsDestinations ? u"%1 destinations, on all levels"_s.arg(count)
+                                                 : u"destinations"_s;
+    return u"Captures the current source for each of “%1”'s %2. Firing changes only those destinations. "
+           "Saving with a name already used on this panel updates that salvo."_s.arg(
+               text::oneLine(panel->name), destinations);
+}
+
+QString newSalvoName(const QList<Salvo>& salvos)
+{
+    QSet<QString> taken;
+    for (const auto& salvo : salvos)
+        taken.insert(salvo.name.toLower());
+    auto number = salvos.size() + 1;
+    while (taken.contains(u"salvo %1"_s.arg(number)))
+        ++number;
+    return u"Salvo %1"_s.arg(number);
+}
+
+QString noneYet(const SubPanel& panel)
+{
+    return u"No salvos for “%1” yet"_s.arg(text::oneLine(panel.name));
+}
+
 } // namespace corvane::salvoTexts

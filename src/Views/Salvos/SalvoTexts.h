@@ -58,6 +58,51 @@ public:
     bool operator==(const SalvoStatus&) const = default;
 };
 
+/// A salvo on screen, besides its name: what can be done with it now, and in what words.
+struct SalvoLook {
+    Q_GADGET
+    QML_VALUE_TYPE(salvoLook)
+    Q_PROPERTY(corvane::SalvoStatus status MEMBER status FINAL)
+    Q_PROPERTY(bool isInSync MEMBER isInSync FINAL)
+    Q_PROPERTY(bool canFire MEMBER canFire FINAL)
+    Q_PROPERTY(QString fireName MEMBER fireName FINAL)
+    Q_PROPERTY(QString updateName MEMBER updateName FINAL)
+    Q_PROPERTY(QString updateTip MEMBER updateTip FINAL)
+
+public:
+    SalvoStatus status;
+    /// There is nothing to update.
+    bool isInSync = false;
+    bool canFire = false;
+    /// What screen readers call the buttons.
+    QString fireName;
+    QString updateName;
+    QString updateTip;
+
+    bool operator==(const SalvoLook&) const = default;
+};
+
+/// A dialog about one salvo.
+struct SalvoQuestion {
+    Q_GADGET
+    QML_VALUE_TYPE(salvoQuestion)
+    Q_PROPERTY(bool isShown MEMBER isShown FINAL)
+    Q_PROPERTY(QString title MEMBER title FINAL)
+    Q_PROPERTY(QString message MEMBER message FINAL)
+    Q_PROPERTY(QString acceptText MEMBER acceptText FINAL)
+    Q_PROPERTY(bool canAccept MEMBER canAccept FINAL)
+
+public:
+    bool isShown = false;
+    QString title;
+    QString message;
+    QString acceptText;
+    /// Otherwise it can only be cancelled.
+    bool canAccept = true;
+
+    bool operator==(const SalvoQuestion&) const = default;
+};
+
 /// What the screens say of a salvo, worded from its `SalvoDiff`. `diff` is always the salvo's own, against
 /// the controller's state. Counts agree with their nouns in English.
 namespace salvoTexts {
@@ -77,6 +122,20 @@ namespace salvoTexts {
 [[nodiscard]] QString fireMessage(
     const Salvo& salvo, const SalvoDiff& diff, const MatrixController& controller);
 [[nodiscard]] QString fireButton(const SalvoDiff& diff);
+
+[[nodiscard]] SalvoLook look(const Salvo& salvo, const SalvoDiff& diff, const MatrixController& controller);
+[[nodiscard]] SalvoQuestion fireQuestion(
+    const Salvo& salvo, const SalvoDiff& diff, const MatrixController& controller);
+[[nodiscard]] SalvoQuestion deleteQuestion(const Salvo& salvo);
+[[nodiscard]] SalvoQuestion updateQuestion(const Salvo& salvo);
+
+/// Before a salvo is captured for this panel, or for the whole router. The manager says how many destinations
+/// that are, the strip doesn't.
+[[nodiscard]] QString newSalvoMessage(const std::optional<SubPanel>& panel, bool countsDestinations);
+/// "Salvo 3", the first name from the number of `salvos` on that none of them has in any case.
+[[nodiscard]] QString newSalvoName(const QList<Salvo>& salvos);
+/// Stands where a panel has no salvos.
+[[nodiscard]] QString noneYet(const SubPanel& panel);
 
 } // namespace salvoTexts
 

@@ -18,6 +18,7 @@ GlassMenu {
             text: modelData.text
             symbol: modelData.symbol
             destructive: modelData.isDestructive
+            enabled: modelData.isEnabled
             onTriggered: root.chosen(modelData.text)
         }
     }

@@ -15,7 +15,7 @@ QVariantList toVariants(const QList<MenuAction>& actions)
 void runAction(const QList<MenuAction>& offered, const QString& text)
 {
     const auto wanted = std::ranges::find(offered, text, &MenuAction::text);
-    if (wanted != offered.cend() && wanted->run)
+    if (wanted != offered.cend() && wanted->isEnabled && wanted->run)
         wanted->run();
 }
 

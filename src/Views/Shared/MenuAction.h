@@ -18,6 +18,7 @@ struct MenuAction {
     Q_PROPERTY(QString text MEMBER text FINAL)
     Q_PROPERTY(QString symbol MEMBER symbol FINAL)
     Q_PROPERTY(bool isDestructive MEMBER isDestructive FINAL)
+    Q_PROPERTY(bool isEnabled MEMBER isEnabled FINAL)
 
 public:
     QString text;
@@ -27,18 +28,20 @@ public:
     /// Does the same at a row that has the keyboard.
     QKeyCombination key = Qt::Key_unknown;
     bool isDestructive = false;
+    /// Otherwise it is shown and can't be chosen.
+    bool isEnabled = true;
 
     bool operator==(const MenuAction& other) const
     {
         return text == other.text && symbol == other.symbol && key == other.key
-            && isDestructive == other.isDestructive;
+            && isDestructive == other.isDestructive && isEnabled == other.isEnabled;
     }
 };
 
 /// The same for QML, which wants a list of variants.
 [[nodiscard]] QVariantList toVariants(const QList<MenuAction>& actions);
 
-/// Runs the action of `offered` that says `text`; does nothing if there is none.
+/// Runs the action of `offered` that says `text`; does nothing if there is none that is enabled.
 void runAction(const QList<MenuAction>& offered, const QString& text);
 
 } // namespace corvane

@@ -69,7 +69,7 @@ void RowArea::onRowsChanged()
 {
     m_isFresh |= rowCount() == 0;
     if (!m_current.isValid())
-        setCurrentRow(std::min(m_lastRow, rowCount() - 1));
+        setCurrentRow(reachable(m_lastRow, 1));
     m_lastRow = std::max(0, currentRow());
     followMenu();
     if (draggedRow() < 0)
@@ -273,7 +273,7 @@ bool RowArea::runActionOf(QKeyCombination key)
 {
     const auto offered = m_model->actions(currentRow());
     const auto wanted = std::ranges::find(offered, key, &MenuAction::key);
-    if (wanted == offered.cend() || !wanted->run)
+    if (wanted == offered.cend() || !wanted->isEnabled || !wanted->run)
         return false;
     wanted->run();
     return true;

@@ -38,6 +38,8 @@ class RowArea : public QQuickItem {
     Q_PROPERTY(int dropRow READ dropRow NOTIFY dragChanged FINAL)
     /// Where that is, in points of the area.
     Q_PROPERTY(double dropLine READ dropLine NOTIFY dragChanged FINAL)
+    /// Screen readers find the buttons that a row has in view within it, beside its actions.
+    Q_PROPERTY(bool speaksOfButtons MEMBER m_speaksOfButtons NOTIFY speaksOfButtonsChanged FINAL)
 
 public:
     explicit RowArea(QQuickItem* parent = nullptr);
@@ -61,6 +63,8 @@ public:
     /// In points of the area. Of a row that is out of view, about where it would be.
     [[nodiscard]] QRectF rectOf(int row) const;
     [[nodiscard]] bool isInView(int row) const;
+    /// What screen readers find within a row, from left to right; empty unless it is in view.
+    [[nodiscard]] QList<QAccessibleInterface*> buttonsOf(int row) const;
     [[nodiscard]] std::optional<int> rowAt(QPointF point) const;
     /// Scrolls no farther than it must to bring a row wholly into view, clear of the margins.
     void showRow(int row);
@@ -90,6 +94,7 @@ signals:
     void viewChanged();
     void labelChanged();
     void returnPressesChanged();
+    void speaksOfButtonsChanged();
     void currentRowChanged();
     void showsFocusChanged();
     void menuChanged();
@@ -137,6 +142,7 @@ private:
     QQuickItem* m_view = nullptr;
     QString m_label;
     bool m_returnPresses = true;
+    bool m_speaksOfButtons = false;
     QPersistentModelIndex m_current;
     /// Where the keyboard was last, for when its row goes.
     int m_lastRow = 0;

@@ -2,6 +2,8 @@
 
 #include "Views/Shared/RowArea.h"
 
+#include <algorithm>
+
 namespace corvane {
 
 namespace {
@@ -77,6 +79,18 @@ RowListModel& RowPart::model() const
 RowSpeech RowPart::speech() const
 {
     return isValid() ? model().speech(index()) : RowSpeech();
+}
+
+QList<QAccessibleInterface*> RowPart::buttons() const
+{
+    return isValid() ? m_rows.rows()->buttonsOf(index()) : QList<QAccessibleInterface*>();
+}
+
+int RowPart::indexOfChild(const QAccessibleInterface* child) const
+{
+    const auto found = buttons();
+    const auto position = std::ranges::find(found, child);
+    return position == found.cend() ? -1 : static_cast<int>(position - found.cbegin());
 }
 
 QRect RowPart::rect() const

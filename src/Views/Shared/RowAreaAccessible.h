@@ -36,6 +36,9 @@ public:
     [[nodiscard]] bool isValid() const override;
     [[nodiscard]] QRect rect() const override;
     [[nodiscard]] QAccessible::Role role() const override;
+    [[nodiscard]] int childCount() const override { return static_cast<int>(buttons().size()); }
+    [[nodiscard]] QAccessibleInterface* child(int index) const override { return buttons().value(index); }
+    [[nodiscard]] int indexOfChild(const QAccessibleInterface* child) const override;
 
 protected:
     [[nodiscard]] QString name() const override { return speech().name; }
@@ -50,6 +53,7 @@ protected:
 private:
     [[nodiscard]] RowListModel& model() const;
     [[nodiscard]] RowSpeech speech() const;
+    [[nodiscard]] QList<QAccessibleInterface*> buttons() const;
 
     const RowAreaAccessible& m_rows;
 };

@@ -7,6 +7,17 @@ namespace corvane {
 
 namespace {
 
+void collectButtons(QQuickItem& in, QList<QAccessibleInterface*>& found)
+{
+    for (QQuickItem* const child : in.childItems()) {
+        QAccessibleInterface* const button = QAccessible::queryAccessibleInterface(child);
+        if (button && button->role() == QAccessible::Button)
+            found.append(button);
+        else if (child->isVisible())
+            collectButtons(*child, found);
+    }
+}
+
 // How `ListView`, which has no C++ interface, brings a row into view.
 constexpr int center = 1;
 constexpr int contain = 4;
@@ -47,6 +58,14 @@ QRectF RowArea::rectOf(int row) const
 bool RowArea::isInView(int row) const
 {
     return rectOf(row).intersects(boundingRect());
+}
+
+QList<QAccessibleInterface*> RowArea::buttonsOf(int row) const
+{
+    QList<QAccessibleInterface*> found;
+    if (QQuickItem* const item = m_speaksOfButtons ? itemOf(row) : nullptr)
+        collectButtons(*item, found);
+    return found;
 }
 
 std::optional<int> RowArea::rowAt(QPointF point) const

@@ -13,6 +13,7 @@ FocusScope {
     property alias label: area.label
     // Return, too, presses a row.
     property alias returnPresses: area.returnPresses
+    property alias speaksOfButtons: area.speaksOfButtons
     property alias spacing: list.spacing
     // Beside the rows.
     property real sidePadding: 0
@@ -22,6 +23,10 @@ FocusScope {
     // What floats over the lower edge; the last row scrolls clear of it.
     property real clearance: 0
     property alias scrollBar: bar
+    readonly property real contentHeight: list.contentHeight
+    // How rows come and make room.
+    property alias add: list.add
+    property alias displaced: list.displaced
     readonly property alias area: area
 
     function takeKeyboard() {

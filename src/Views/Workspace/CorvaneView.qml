@@ -1,5 +1,6 @@
 import QtQuick
 import Corvane.Theme
+import Corvane.Views.Salvos
 import Corvane.Views.Workspace
 
 // The workspace of one router: its working screen while it is connected, the way to connect it otherwise.
@@ -46,6 +47,17 @@ FocusScope {
         sourceComponent: RenamePrompt {
             model: root.model.rename
             visible: true
+        }
+    }
+    SalvoDialogHost {
+        dialogs: root.model.salvoStrip.dialogs
+    }
+    Loader {
+        active: root.model.showingSalvos
+        sourceComponent: SalvoSheet {
+            model: root.model.salvoSheet
+            workspace: root
+            onDismissed: root.model.showingSalvos = false
         }
     }
 }

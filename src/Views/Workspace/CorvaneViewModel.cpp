@@ -39,7 +39,9 @@ CorvaneViewModel::CorvaneViewModel(
       m_controlBar(environment.theme, environment.zoom),
       m_prompt(environment.theme),
       m_banner(environment.mainQueue, environment.theme),
-      m_rename(environment.theme)
+      m_rename(environment.theme),
+      m_salvoStrip(environment.mainQueue),
+      m_salvoSheet(environment.mainQueue)
 {
     connect(
         &m_controlBar, &ControllerModel::contentChanged, this, &CorvaneViewModel::controlBarClearanceChanged);
@@ -53,6 +55,7 @@ void CorvaneViewModel::setController(MatrixController* newController)
     for (ControllerModel* part : std::initializer_list<ControllerModel*>{
              &m_toolbar, &m_header, &m_modes, &m_controlBar, &m_prompt, &m_banner, &m_rename})
         part->setController(newController);
+    m_salvoStrip.setController(newController);
     ControllerModel::setController(newController);
     wakeWhatIsShown();
     emit controllerChanged();
@@ -113,6 +116,17 @@ void CorvaneViewModel::wakeWhatIsShown()
     };
     m_grid.setController(shownTo(m_content.showsMatrix));
     m_list.setController(shownTo(m_content.showsList));
+    // Salvos can be edited without the router.
+    m_salvoSheet.setController(m_showingSalvos ? controller() : nullptr);
+}
+
+void CorvaneViewModel::setShowingSalvos(bool isShowing)
+{
+    if (isShowing == m_showingSalvos)
+        return;
+    m_showingSalvos = isShowing;
+    wakeWhatIsShown();
+    emit showingSalvosChanged();
 }
 
 void CorvaneViewModel::connectIfDisconnected()

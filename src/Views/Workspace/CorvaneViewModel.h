@@ -3,6 +3,8 @@
 #include "Views/Bar/ControlBarModel.h"
 #include "Views/Grid/CrosspointGridModel.h"
 #include "Views/List/DestinationListModel.h"
+#include "Views/Salvos/SalvoSheetModel.h"
+#include "Views/Salvos/SalvoStripModel.h"
 #include "Views/Workspace/ConnectPromptModel.h"
 #include "Views/Workspace/DeviceHeaderModel.h"
 #include "Views/Workspace/ErrorBannerModel.h"
@@ -60,6 +62,10 @@ class CorvaneViewModel : public ControllerModel {
     Q_PROPERTY(corvane::ConnectPromptModel* prompt READ prompt CONSTANT FINAL)
     Q_PROPERTY(corvane::ErrorBannerModel* banner READ banner CONSTANT FINAL)
     Q_PROPERTY(corvane::RenamePromptModel* rename READ rename CONSTANT FINAL)
+    Q_PROPERTY(corvane::SalvoStripModel* salvoStrip READ salvoStrip CONSTANT FINAL)
+    /// Works only while it is shown.
+    Q_PROPERTY(corvane::SalvoSheetModel* salvoSheet READ salvoSheet CONSTANT FINAL)
+    Q_PROPERTY(bool showingSalvos READ showingSalvos WRITE setShowingSalvos NOTIFY showingSalvosChanged FINAL)
     /// The height of the floating bar as it was last measured.
     Q_PROPERTY(double controlBarHeight READ controlBarHeight WRITE setControlBarHeight NOTIFY
             controlBarClearanceChanged FINAL)
@@ -93,6 +99,10 @@ public:
     [[nodiscard]] ConnectPromptModel* prompt() { return &m_prompt; }
     [[nodiscard]] ErrorBannerModel* banner() { return &m_banner; }
     [[nodiscard]] RenamePromptModel* rename() { return &m_rename; }
+    [[nodiscard]] SalvoStripModel* salvoStrip() { return &m_salvoStrip; }
+    [[nodiscard]] SalvoSheetModel* salvoSheet() { return &m_salvoSheet; }
+    [[nodiscard]] bool showingSalvos() const { return m_showingSalvos; }
+    void setShowingSalvos(bool isShowing);
 
     [[nodiscard]] double controlBarHeight() const { return m_controlBarHeight; }
     void setControlBarHeight(double height);
@@ -105,6 +115,7 @@ public:
 signals:
     void controllerChanged();
     void controlBarClearanceChanged();
+    void showingSalvosChanged();
 
 protected:
     void refresh() override;
@@ -125,6 +136,9 @@ private:
     ConnectPromptModel m_prompt;
     ErrorBannerModel m_banner;
     RenamePromptModel m_rename;
+    SalvoStripModel m_salvoStrip;
+    SalvoSheetModel m_salvoSheet;
+    bool m_showingSalvos = false;
     double m_controlBarHeight = 0;
 };
 

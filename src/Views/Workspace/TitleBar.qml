@@ -49,6 +49,7 @@ Item {
         active: root.model.toolbar.content.isShown
         sourceComponent: Toolbar {
             model: root.model.toolbar
+            onSalvosWanted: root.model.showingSalvos = true
             available: root.width - 3 * GlassKit.sideMargin - root.leastTitle
         }
     }

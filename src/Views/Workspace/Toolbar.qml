@@ -12,6 +12,8 @@ Row {
     readonly property toolbarFit fit: model.fit(available, panels.fullWidth + views.implicitWidth + salvos.fullWidth + labels.fullWidth + 3 * spacing,
         salvos.fullWidth - salvos.iconWidth + labels.fullWidth - labels.iconWidth)
 
+    signal salvosWanted
+
     spacing: GlassKit.controlSpacing
 
     GlassButton {
@@ -41,6 +43,7 @@ Row {
         symbol: "rectangle.stack.badge.play"
         text: "Salvos"
         iconOnly: !root.fit.showsButtonTexts
+        onClicked: root.salvosWanted()
     }
     GlassButton {
         id: labels

@@ -3,6 +3,7 @@ import Corvane.Theme
 import Corvane.Views.Bar
 import Corvane.Views.Grid
 import Corvane.Views.List
+import Corvane.Views.Salvos
 import Corvane.Views.Workspace
 
 // A connected router at work: what it is, its grid or list, and the bar that floats over it.
@@ -38,11 +39,24 @@ FocusScope {
             model: root.model.modes
         }
     }
+    Loader {
+        id: salvoStrip
+
+        anchors.top: headerRow.bottom
+        anchors.topMargin: active ? 8 : 4
+        width: parent.width
+        height: active ? implicitHeight : 0
+        active: root.model.salvoStrip.content.isShown
+        sourceComponent: SalvoStrip {
+            model: root.model.salvoStrip
+            onManagerOpened: root.model.showingSalvos = true
+        }
+    }
     FocusScope {
         id: routingArea
 
-        anchors.top: headerRow.bottom
-        anchors.topMargin: 4
+        anchors.top: salvoStrip.bottom
+        anchors.topMargin: salvoStrip.active ? 2 : 0
         anchors.bottom: parent.bottom
         width: parent.width
         focus: true
