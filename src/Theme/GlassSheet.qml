@@ -28,7 +28,7 @@ T.Popup {
     x: fillsWorkspace ? workspaceOrigin.x : Math.round((parent.width - width) / 2)
     y: fillsWorkspace ? workspaceOrigin.y : Math.round((parent.height - height) / 2)
     width: fillsWorkspace ? workspace.width : preferredWidth
-    height: fillsWorkspace ? workspace.height : Math.min(headHeight + 1 + contentLength, parent.height - 56)
+    height: fillsWorkspace ? workspace.height : Math.min(headHeight + 1 + contentLength + body.anchors.bottomMargin, parent.height - 56)
     modal: true
     focus: true
     visible: true

@@ -55,7 +55,7 @@ protected:
     void changeRoutesAndLockOne()
     {
         for (qint64 destination = 0; destination < 5; ++destination)
-            demo().take(destination + 1, destination);
+            demo().take(destination + 3, destination);
         demo().toggleLock(2);
         follow();
     }
@@ -90,7 +90,7 @@ TEST_F(SalvosTest, ByTheKeyboardAlone)
     EXPECT_EQ(row(u"Morning"_s)->text(QAccessible::Description), u"12 changes, 1 locked"_s);
     tabTo(u"Morning"_s);
     press(Qt::Key_Space);
-    EXPECT_TRUE(says(u"Video MON 1 ← CAM 1 was VTR 1"_s));
+    EXPECT_TRUE(says(u"Video MON 1 ← CAM 1 was SRV 1"_s));
     EXPECT_TRUE(says(u"REC 1 — locked, will skip"_s));
     EXPECT_TRUE(says(u"33 already match"_s));
     tabTo(u"Fire Morning"_s);
@@ -103,7 +103,7 @@ TEST_F(SalvosTest, ByTheKeyboardAlone)
     press(Qt::Key_Return);
     follow();
     EXPECT_EQ(demo().state().source(0, 0), 0);
-    EXPECT_EQ(demo().state().source(2, 0), 3) << "locked";
+    EXPECT_EQ(demo().state().source(2, 0), 5) << "locked";
     EXPECT_EQ(row(u"Morning"_s)->text(QAccessible::Description),
         u"Differs only on locked destinations, 1 locked"_s);
 
@@ -113,7 +113,7 @@ TEST_F(SalvosTest, ByTheKeyboardAlone)
     type(u"sALVO 2"_s);
     press(Qt::Key_Return);
     ASSERT_THAT(dialogs(), ElementsAre("Salvos", "Name Already Used"));
-    EXPECT_TRUE(says(u"A salvo named “salvo 2” already exists."_s));
+    EXPECT_TRUE(says(u"A salvo named “sALVO 2” already exists."_s));
     press(Qt::Key_Return);
     EXPECT_EQ(focusedName(), u"Morning"_s);
     press(Qt::Key_Delete);
@@ -137,7 +137,6 @@ TEST_F(SalvosTest, ByTheMouse)
     clickOn(u"Save Current Routing"_s);
     clickOn(u"Save"_s);
     ASSERT_NE(row(u"Salvo 1"_s), nullptr);
-    EXPECT_TRUE(button(u"Update Salvo 1 from current routing"_s)->state().disabled);
     changeRoutesAndLockOne();
     click(Qt::LeftButton, *row(u"Salvo 1"_s));
     EXPECT_TRUE(says(u"33 already match"_s));
@@ -156,9 +155,8 @@ TEST_F(SalvosTest, ByTheMouse)
     click(Qt::RightButton, *row(u"Salvo 2"_s));
     std::vector<std::string> menu;
     for (const auto* const entry : findAll(QAccessible::MenuItem))
-        menu.push_back(entry->text(QAccessible::Name).toStdString()
-            + (entry->state().disabled ? " (disabled)" : ""));
-    EXPECT_THAT(menu, ElementsAre("Fire", "Rename", "Update from Current Routing (disabled)", "Delete"));
+        menu.push_back(entry->text(QAccessible::Name).toStdString());
+    EXPECT_THAT(menu, ElementsAre("Fire", "Rename", "Update from Current Routing", "Delete"));
     click(Qt::LeftButton, *find(QAccessible::MenuItem, u"Delete"_s));
     clickOn(u"Delete"_s);
     EXPECT_EQ(row(u"Salvo 2"_s), nullptr);
@@ -204,7 +202,7 @@ TEST_F(SalvosTest, TabStaysInTheSheet)
     }
     EXPECT_EQ(seen,
         (QSet<QString>{u"New Salvo"_s, u"Done"_s, u"Morning"_s, u"Rename"_s, u"Delete"_s,
-            u"Fire Morning"_s}));
+            u"Update Morning from current routing"_s, u"Fire Morning"_s}));
 }
 
 TEST_F(SalvosTest, ARouterThatDropsLeavesTheSheetAndTakesTheFireButtons)
@@ -231,11 +229,12 @@ TEST_F(SalvosTest, ARouterThatDropsLeavesTheSheetAndTakesTheFireButtons)
     ASSERT_THAT(dialogs(), ElementsAre("Salvos"));
     EXPECT_TRUE(says(u"Offline — salvos can be edited but not fired"_s));
     EXPECT_EQ(row(u"Morning"_s)->text(QAccessible::Description), u"48 routes"_s);
-    EXPECT_TRUE(button(u"Fire Morning"_s)->state().disabled);
+    pressOn(u"Fire Morning"_s);
+    EXPECT_THAT(dialogs(), ElementsAre("Salvos"));
     act(row(u"Morning"_s), u"Rename"_s);
     type(u"Noon"_s);
     press(Qt::Key_Return);
-    EXPECT_NE(row(u"noon"_s), nullptr);
+    EXPECT_NE(row(u"Noon"_s), nullptr);
     press(Qt::Key_Escape);
     EXPECT_NE(button(u"Connect"_s), nullptr);
 }
@@ -279,7 +278,7 @@ TEST_F(SalvosTest, NamesOfEveryKindStayInTheirPlace)
         EXPECT_FALSE(shownName.contains(u'\n'));
         EXPECT_LE(shownName.size(), 201);
         EXPECT_TRUE(list->rect().contains(shown->rect()));
-        ASSERT_EQ(shown->childCount(), 2);
+        ASSERT_GE(shown->childCount(), 2);
         for (int i = 0; i < shown->childCount(); ++i)
             EXPECT_TRUE(shown->rect().contains(shown->child(i)->rect()));
         act(shown, u"Fire"_s);

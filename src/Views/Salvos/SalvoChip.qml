@@ -59,7 +59,7 @@ Item {
         tint: root.look.isInSync ? root.green : GlassKit.colors.text
         symbolTint: root.look.isInSync ? root.green : GlassKit.colors.accent
         fill: root.look.isInSync ? GlassKit.colors.faded(GlassKit.colors.green, 0.15) : GlassKit.colors.quaternary
-        enabled: root.look.canFire
+        available: root.look.canFire
         onClicked: root.salvos.fire(root.index)
         onActiveFocusChanged: if (activeFocus)
             root.shown()

@@ -12,7 +12,7 @@ Item {
     readonly property color ink: line.isLocked || line.isWarning ? GlassKit.colors.tintText(GlassKit.colors.orange) : GlassKit.colors.secondary
     readonly property real levelWidth: line.level === "" ? 0 : 76
     // The columns of all lines stand below one another.
-    readonly property real nameWidth: Math.min(150, (width - 44 - 76 - 22 - 90) / 2)
+    readonly property real nameWidth: Math.min(128, (width - 44 - 76 - 22 - 90) / 2)
 
     Row {
         x: 44

@@ -15,7 +15,7 @@ Item {
     readonly property color green: GlassKit.colors.tintText(GlassKit.colors.green)
     readonly property color orange: GlassKit.colors.tintText(GlassKit.colors.orange)
     // Tab goes through the buttons of the row that the keyboard is on, and of no other.
-    readonly property int buttonPolicy: item.isCurrentRow ? Qt.StrongFocus : Qt.NoFocus
+    readonly property int buttonPolicy: item.isCurrentRow ? Qt.TabFocus : Qt.NoFocus
 
     signal fired
     signal updated
@@ -100,28 +100,17 @@ Item {
             row: root.item
             actions: root.buttons
         }
-        Item {
-            width: update.width
-            height: update.height
-
-            GlassButton {
-                id: update
-
-                symbol: "camera.viewfinder"
-                enabled: !root.look.isInSync
-                focusPolicy: root.buttonPolicy
-                Accessible.name: root.look.updateName
-                Accessible.description: root.look.updateTip
-                onClicked: root.updated()
-            }
-            // Beside the button, which says nothing while it is disabled.
-            Tip {
-                text: root.look.updateTip
-            }
+        GlassButton {
+            symbol: "camera.viewfinder"
+            tip: root.look.updateTip
+            available: !root.look.isInSync
+            focusPolicy: root.buttonPolicy
+            Accessible.name: root.look.updateName
+            onClicked: root.updated()
         }
         ProminentButton {
             text: "Fire"
-            enabled: root.look.canFire
+            available: root.look.canFire
             focusPolicy: root.buttonPolicy
             Accessible.name: root.look.fireName
             onClicked: root.fired()
