@@ -131,12 +131,12 @@ TEST_F(MatrixControllerRoutingTest, ALockedDestinationIsNamedByItsPositionAndNot
     };
     auto state = matrix(2, 3);
     state.destinations[1].index = 20;
-    state.lockedDestinations = {1, 2, 3, 20, -1, std::numeric_limits<qint64>::max()};
+    state.lockedDestinations = {0, 1, 2, 3, 20, -1, std::numeric_limits<qint64>::max()};
     connectTo(state);
-    for (const auto& [destination, message] :
-        {Case{1, u"Out 2 is locked."_s}, {2, u"Out 3 is locked."_s}, {3, u"Destination is locked."_s},
-            {20, u"Destination is locked."_s}, {-1, u"Destination is locked."_s},
-            {std::numeric_limits<qint64>::max(), u"Destination is locked."_s}}) {
+    for (const auto& [destination, message] : {Case{0, u"Out 1 is locked."_s}, {1, u"Out 2 is locked."_s},
+             {2, u"Out 3 is locked."_s}, {3, u"Destination is locked."_s}, {20, u"Destination is locked."_s},
+             {-1, u"Destination is locked."_s},
+             {std::numeric_limits<qint64>::max(), u"Destination is locked."_s}}) {
         controller->take(0, destination);
         EXPECT_EQ(lastError(), message);
     }

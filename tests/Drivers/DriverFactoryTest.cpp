@@ -1,5 +1,5 @@
 #include "Drivers/DriverFactory.h"
-#include "Drivers/DriverHarness.h"
+#include "Drivers/Families.h"
 #include "Drivers/Kumo/KumoDriver.h"
 #include "Drivers/LW3/LightwareDriver.h"
 #include "Drivers/Quartz/QuartzDriver.h"
@@ -8,11 +8,6 @@
 #include "Drivers/Videohub/VideohubDriver.h"
 #include "Foundation/EventLoopQueue.h"
 #include "Foundation/Task.h"
-#include "emulator/KumoEmulator.h"
-#include "emulator/LW3Emulator.h"
-#include "emulator/QuartzEmulator.h"
-#include "emulator/SWP08Emulator.h"
-#include "emulator/VideohubEmulator.h"
 
 #include <gmock/gmock.h>
 
@@ -41,27 +36,14 @@ TEST(DriverFactory, MakesTheDriverThatSpeaksTheRoutersProtocol)
     EXPECT_TRUE(std::dynamic_pointer_cast<QuartzDriver>(driverFor(RouterVendor::evertzQuartz)));
 }
 
-/// A kind of router, and what its driver says once commands can be sent.
-struct Family {
-    RouterVendor vendor;
-    std::unique_ptr<EmulatorServer> (*makeRouter)(emulator::EmulatedMatrix& matrix);
-    std::string ready;
-};
-
-template <typename Emulator>
-std::unique_ptr<EmulatorServer> make(emulator::EmulatedMatrix& matrix)
-{
-    return std::make_unique<Emulator>(matrix);
-}
-
 /// A driver as in the program, the TCP families' on their own threads: what crosses over is what
 /// ThreadSanitizer is to see.
-class LiveDriverTest : public testing::TestWithParam<Family> {
+class LiveDriverTest : public testing::TestWithParam<const Family*> {
 protected:
     void connect()
     {
         RouterConnection saved;
-        saved.vendor = GetParam().vendor;
+        saved.vendor = GetParam()->vendor;
         saved.host = u"127.0.0.1"_s;
         saved.port = router->port();
         saved.simSourceCount = 4;
@@ -76,24 +58,30 @@ protected:
     void take(qint64 source)
     {
         const QList<Route> routes{{0, 2, source}, {0, 3, source}};
-        startTask(*mainQueue, [this, driver = driver, routes]() -> QCoro::Task<> {
+        startTask(*mainQueue, [this, driver = driver, routes, source]() -> QCoro::Task<> {
             try {
                 co_await driver->takeAll(routes);
+                co_await driver->setLabel(u"A"_s, source % 2, PortKind::source);
+                co_await driver->setLock(0, 0, source > 0);
             } catch (const std::exception& failure) {
                 log.emplace_back(failure.what());
             }
         });
     }
 
-    [[nodiscard]] bool pumpUntilSays(const std::string& beginning)
+    /// Until commands can be sent.
+    [[nodiscard]] bool pumpUntilReady()
     {
         return pumpUntil([&] {
-            return std::ranges::any_of(log, [&](const auto& line) { return line.starts_with(beginning); });
+            return std::ranges::any_of(log, [](const std::string& line) {
+                return line.starts_with("status Reading router") || line.starts_with("status Interrogating")
+                    || line.starts_with("connected");
+            });
         });
     }
 
     emulator::EmulatedMatrix matrix{4, 4};
-    std::unique_ptr<EmulatorServer> router = GetParam().makeRouter(matrix);
+    std::unique_ptr<EmulatorServer> router = GetParam()->makeRouter(matrix);
     std::vector<std::string> log;
     std::optional<MainQueue> mainQueue = std::make_optional<MainQueue>();
     std::optional<DriverFactory> factory = std::make_optional<DriverFactory>(*mainQueue);
@@ -104,7 +92,7 @@ TEST_P(LiveDriverTest, WorksOnTheThreadOfItsFamily)
 {
     for (int round = 0; round < 3; ++round) {
         connect();
-        ASSERT_TRUE(pumpUntilSays(GetParam().ready));
+        ASSERT_TRUE(pumpUntilReady());
         take(round);
         ASSERT_TRUE(pumpUntil([&] { return matrix.source(0, 3) == round; }));
         EXPECT_EQ(matrix.source(0, 2), round);
@@ -119,9 +107,9 @@ TEST_P(LiveDriverTest, EndsTogetherWithItsThreadWhateverItIsDoingAndWhoeverHolds
     const auto doNothing = [] {};
     const std::vector<std::function<void()>> stages{doNothing,
         [this] { EXPECT_TRUE(pumpUntil([this] { return router->clientCount() > 0; })); },
-        [this] { EXPECT_TRUE(pumpUntilSays(GetParam().ready)); },
+        [this] { EXPECT_TRUE(pumpUntilReady()); },
         [this] {
-            EXPECT_TRUE(pumpUntilSays(GetParam().ready));
+            EXPECT_TRUE(pumpUntilReady());
             take(1);
             pumpUntilIdle();
             take(2);
@@ -151,14 +139,19 @@ TEST_P(LiveDriverTest, EndsTogetherWithItsThreadWhateverItIsDoingAndWhoeverHolds
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(OfEachFamily, LiveDriverTest,
-    testing::Values(
-        Family{RouterVendor::blackmagicVideohub, make<emulator::VideohubEmulator>, "status Reading"},
-        Family{RouterVendor::rossUltrix, make<emulator::SWP08Emulator>, "status Interrogating"},
-        Family{RouterVendor::evertzQuartz, make<emulator::QuartzEmulator>, "status Interrogating"},
-        Family{RouterVendor::lightware, make<emulator::LW3Emulator>, "status Reading"},
-        Family{RouterVendor::ajaKumo, make<emulator::KumoEmulator>, "connected"}),
-    [](const auto& family) { return rawValue(family.param.vendor).toStdString(); });
+/// All that have a router to talk to.
+std::vector<const Family*> families()
+{
+    std::vector<const Family*> all;
+    for (const auto& family : allFamilies()) {
+        if (family.vendor != RouterVendor::simulator)
+            all.push_back(&family);
+    }
+    return all;
+}
+
+INSTANTIATE_TEST_SUITE_P(OfEachFamily, LiveDriverTest, testing::ValuesIn(families()),
+    [](const auto& family) { return rawValue(family.param->vendor).toStdString(); });
 
 } // namespace
 

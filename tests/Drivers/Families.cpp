@@ -40,9 +40,9 @@ std::shared_ptr<RouterDriver> makeDriver(const RouterConnection& connection, Ser
 }
 
 template <typename Driver, typename Emulator>
-Family family(const char* name)
+Family family(const char* name, RouterVendor vendor)
 {
-    return {name, makeRouter<Emulator>, makeDriver<Driver>};
+    return {name, vendor, makeRouter<Emulator>, makeDriver<Driver>};
 }
 
 } // namespace
@@ -61,10 +61,10 @@ RouterConnection connectionTo(const emulator::EmulatorServer* router)
 const std::vector<Family>& tcpFamilies()
 {
     static const std::vector<Family> families{
-        family<VideohubDriver, emulator::VideohubEmulator>("Videohub"),
-        family<SWP08Driver, emulator::SWP08Emulator>("SW-P-08"),
-        family<QuartzDriver, emulator::QuartzEmulator>("Quartz"),
-        family<LightwareDriver, emulator::LW3Emulator>("LW3"),
+        family<VideohubDriver, emulator::VideohubEmulator>("Videohub", RouterVendor::blackmagicVideohub),
+        family<SWP08Driver, emulator::SWP08Emulator>("SW-P-08", RouterVendor::rossUltrix),
+        family<QuartzDriver, emulator::QuartzEmulator>("Quartz", RouterVendor::evertzQuartz),
+        family<LightwareDriver, emulator::LW3Emulator>("LW3", RouterVendor::lightware),
     };
     return families;
 }
@@ -73,8 +73,8 @@ const std::vector<Family>& allFamilies()
 {
     static const auto families = [] {
         auto all = tcpFamilies();
-        all.push_back(family<KumoDriver, emulator::KumoEmulator>("KUMO"));
-        all.push_back({"Simulator", noRouter, makeDriver<SimulatorDriver>});
+        all.push_back(family<KumoDriver, emulator::KumoEmulator>("KUMO", RouterVendor::ajaKumo));
+        all.push_back({"Simulator", RouterVendor::simulator, noRouter, makeDriver<SimulatorDriver>});
         return all;
     }();
     return families;

@@ -14,6 +14,7 @@ namespace corvane {
 /// One family of routers: how to emulate one, and how to control it.
 struct Family {
     std::string name;
+    RouterVendor vendor;
     /// Null where the driver itself is the router.
     std::unique_ptr<emulator::EmulatorServer> (*makeRouter)(emulator::EmulatedMatrix&);
     std::shared_ptr<RouterDriver> (*makeDriver)(const RouterConnection&, SerialQueue&);

@@ -132,14 +132,6 @@ TEST(InterrogatingParser, TellsOnlyNewsAfterwards)
     }
 }
 
-TEST(InterrogatingParser, LearnsADestinationThatWasSilentAtFirst)
-{
-    Picture picture;
-    picture.report({{0, 1, 2}});
-    picture.wait(1s);
-    EXPECT_THAT(picture.report({{0, 0, 0}, {0, 0, 0}}), ElementsAre("route 0:0=0"));
-}
-
 TEST(InterrogatingParser, TellsWhatItReadsAgainEvenIfItIsNoNews)
 {
     struct Case {
@@ -277,14 +269,6 @@ TEST(InterrogatingParser, TakesTheSavedSizeWithinReason)
             ElementsAre(testing::AllOf(testing::HasSubstr(" \"Babble " + c.model + "\" [In 1|"),
                 testing::HasSubstr("|Out " + std::to_string(c.asked) + "] routes 1=1"))));
     }
-}
-
-TEST(InterrogatingParser, KeepsOneTimerHoweverManyReportsCome)
-{
-    Picture picture;
-    for (int i = 0; i < 10000; ++i)
-        picture.report({{0, i % 2, i % 3}});
-    EXPECT_EQ(picture.queue.waitingCount(), 1U);
 }
 
 } // namespace

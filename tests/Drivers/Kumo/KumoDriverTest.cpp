@@ -25,26 +25,6 @@ TEST_F(KumoDriverTest, RoutesAndNamesAndSeesWhatOthersDo)
     EXPECT_THAT(outcomes, ElementsAre("done", "done"));
 }
 
-TEST_F(KumoDriverTest, SendsNothingUnlessConnectedAndNeverALock)
-{
-    const auto command = [this](std::size_t times) {
-        take(0, 0);
-        rename(u"X"_s);
-        start([](KumoDriver& router) { return router.setLock(0, 0, true); });
-        EXPECT_TRUE(pumpUntilOver(times));
-    };
-    const std::string notConnected = "Not connected to the router.";
-    const std::string noLocks = "Locking isn't supported by this router.";
-    command(3);
-    EXPECT_THAT(outcomes, ElementsAre(notConnected, notConnected, noLocks));
-    outcomes.clear();
-    connect();
-    disconnect();
-    command(4);
-    EXPECT_THAT(outcomes, ElementsAre("done", notConnected, notConnected, noLocks));
-    EXPECT_EQ(device.receivedMessages().size(), 9);
-}
-
 TEST_F(KumoDriverTest, LooksForWhatOthersDidTwoSecondsAfterTheLastLook)
 {
     connect();
@@ -106,18 +86,6 @@ TEST_F(KumoDriverTest, TellsOfADeviceThatKeepsItsOldRoute)
     EXPECT_THAT(log->takeNew(),
         testing::UnorderedElementsAre("route 0:0=0", "refused KUMO kept Out 1 on In 1.", "route 0:1=-1",
             "refused KUMO kept Out 2 on In 0."));
-}
-
-TEST_F(KumoDriverTest, TellsTheCallerOfACommandThatFailedInsideTheDevice)
-{
-    connect();
-    device.quirks().failNext = 2;
-    take(2, 0);
-    rename(u"X"_s);
-    EXPECT_TRUE(pumpUntilOver(2));
-    EXPECT_THAT(outcomes, ElementsAre("Connection error: HTTP 500", "Connection error: HTTP 500"));
-    EXPECT_EQ(matrix.source(0, 0), 0);
-    EXPECT_THAT(look(), IsEmpty());
 }
 
 TEST_F(KumoDriverTest, LetsTheNextLookSettleWhatCouldNotBeReadBack)
@@ -206,19 +174,6 @@ TEST_F(KumoDriverTest, DropsAValueThatWasReadBeforeATakeTookEffectAndComesAfterI
     ASSERT_TRUE(pump([&] { return queue.waitingCount() == waiting + 1; }));
     EXPECT_THAT(log->takeNew(), IsEmpty());
     EXPECT_THAT(look(), ElementsAre("route 0:1=0"));
-}
-
-TEST_F(KumoDriverTest, BearsALineThatBreaksInMidAnswer)
-{
-    connect();
-    device.faults().hold = true;
-    take(2, 0);
-    ASSERT_TRUE(pumpUntilAsked(10));
-    device.faults().hold = false;
-    device.dropClients(KumoEmulator::Drop::InMidMessage);
-    EXPECT_TRUE(pumpUntilOver(1));
-    EXPECT_THAT(outcomes, ElementsAre(testing::Not(testing::AnyOf("done", ""))));
-    EXPECT_THAT(look(), ElementsAre("route 0:0=2"));
 }
 
 TEST_F(KumoDriverTest, FinishesTheRequestUnderWayWhenDisconnectedAndSaysNothingMore)

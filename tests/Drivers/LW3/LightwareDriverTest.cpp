@@ -192,17 +192,6 @@ TEST_F(LightwareDriverTest, HandsBackWhatTheMatrixPutsBeforeAName)
         "0001#SET /MEDIA/NAMES/VIDEO.O1=7a;A\r\n");
 }
 
-TEST_F(LightwareDriverTest, TellsWhatOthersDo)
-{
-    const auto running = connected();
-    matrix.setLabels({{Side::Destination, 1, u"Stage;2 50% {a}=b"_s}});
-    EXPECT_TRUE(running->pumpUntilSays("label destination 1 Stage;2 50% {a}=b"));
-    matrix.setRoutes({{0, 1, emulator::noSource}});
-    EXPECT_TRUE(running->pumpUntilSays("route 0:1=none"));
-    matrix.setLocks({{0, emulator::somebodyElse}});
-    EXPECT_TRUE(running->pumpUntilSays("lock 0"));
-}
-
 TEST_F(LightwareDriverTest, TellsOfAChangeOnceHoweverOftenAndWhereverItIsTold)
 {
     const auto running = connected();
@@ -241,55 +230,6 @@ TEST_F(LightwareDriverTest, SaysWhatWasRefusedAndReadsTheMatrixAgain)
         EXPECT_THAT(running->log.takeNew(),
             ElementsAre(c.refusal, "route 0:0=0", "route 0:1=1", "unlock 0", "unlock 1"));
     }
-}
-
-TEST_F(LightwareDriverTest, SendsARouteToALockedOutputAndSaysWhatBecameOfIt)
-{
-    const auto running = connected();
-    matrix.setLocks({{0, emulator::somebodyElse}});
-    EXPECT_TRUE(running->pumpUntilSays("lock 0"));
-    heardUntil(*running, running->driver->takeAll({{0, 0, 3}, {0, 1, 3}}),
-        "refused Route refused: E004:Invalid value");
-    // The one that was not refused is made all the same.
-    EXPECT_TRUE(running->log.contains("route 0:1=3"));
-    EXPECT_EQ(matrix.source(0, 0), 0);
-}
-
-TEST_F(LightwareDriverTest, TellsEveryListWholeAfterARefusalByAMatrixWithoutLocks)
-{
-    const auto running = connected();
-    device.quirks().omitLocks = true;
-    const std::string refusal = "refused Lock refused: E002:Not exists";
-    heardUntil(*running, running->driver->setLock(0, 0, true), refusal);
-    EXPECT_THAT(running->log.takeNew(), ElementsAre(refusal, "route 0:0=0", "route 0:1=1"));
-    heardUntil(*running, running->driver->take(3, 0, 0), "route 0:0=3");
-    EXPECT_THAT(running->log.takeNew(), ElementsAre("route 0:0=3", "route 0:1=1"));
-}
-
-TEST_F(LightwareDriverTest, ReachesTheLastPortOfABigMatrix)
-{
-    EmulatedMatrix bigMatrix(288, 288);
-    LW3Emulator big(bigMatrix);
-    const auto running = connecting(big);
-    letTimePassUntilConnected(*running);
-    EXPECT_EQ(big.receivedBytes().toStdString(), questions(288));
-    EXPECT_THAT(running->log.all().back(),
-        testing::AllOf(testing::HasSubstr("|Input 288]"), testing::HasSubstr(" 287=287 "),
-            testing::HasSubstr(" input 286 present ")));
-    EXPECT_FALSE(outcome(running->driver->take(0, 287, 0)));
-    EXPECT_TRUE(running->pumpUntilSays("route 0:287=0"));
-}
-
-TEST_F(LightwareDriverTest, SendsNothingWithoutALink)
-{
-    Harness running(queue, routerAt(device));
-    const auto& driver = running.driver;
-    EXPECT_EQ(outcome(driver->take(0, 0, 0)), DriverError::notConnected());
-    EXPECT_EQ(outcome(driver->setLock(0, 0, true)), DriverError::notConnected());
-    EXPECT_EQ(outcome(driver->setLabel(u"A"_s, 0, PortKind::source)), DriverError::notConnected());
-    EXPECT_FALSE(outcome(driver->takeAll({})));
-    running.settle();
-    EXPECT_THAT(heard(), IsEmpty());
 }
 
 } // namespace

@@ -29,6 +29,9 @@ TEST_F(QuartzDriverTest, ConnectsToRoutersOfEveryKind)
         {"CR LF", {.lineEnd = LineEnd::CrLf}},
         {"padded numbers", {.padNumbers = true}},
         {"updates between question and answer", {.interposeUpdates = true}},
+        {"takes acknowledged", {.acknowledgeLines = true}},
+        {"takes of what is there ignored", {.ignoreRepeats = true}},
+        {"others' lines heard", {.echoOthers = true}},
         {"cut at every byte", {.lineEnd = LineEnd::CrLf, .padNumbers = true, .interposeUpdates = true}, 1},
     };
     for (const auto& c : cases) {
@@ -41,7 +44,13 @@ TEST_F(QuartzDriverTest, ConnectsToRoutersOfEveryKind)
             [&] { return router.receivedMessages().size() == heardBefore + 18 && router.hasSaidAll(); }));
         running->settle();
         running->advance(1s);
-        EXPECT_THAT(running->log.all(), ElementsAre(testing::_, interrogating, connectedText()));
+        EXPECT_THAT(running->log.takeNew(), ElementsAre(testing::_, interrogating, connectedText()));
+        const auto other = connecting();
+        EXPECT_TRUE(other->pumpUntilSays(interrogating));
+        EXPECT_FALSE(outcome(other->driver->takeAll({{0, 1, 1}, {0, 2, 7}, {0, 2, 2}})));
+        EXPECT_TRUE(running->pump([&] { return running->log.all().size() >= 5; }));
+        running->settle();
+        EXPECT_THAT(running->log.takeNew(), ElementsAre("route 0:2=7", "route 0:2=2"));
     }
 }
 

@@ -133,23 +133,6 @@ TEST_F(SimulatorDriverTest, RenamesOnlyPortsThatItHas)
     EXPECT_EQ(returned, 8);
 }
 
-TEST_F(SimulatorDriverTest, RefusesCommandsBeforeItIsUpAndAfterItsEnd)
-{
-    const auto commandAll = [this] {
-        thrown.clear();
-        start([](SimulatorDriver& running) { return running.takeAll({}); });
-        start([](SimulatorDriver& running) { return running.take(1, 1, 0); });
-        start([](SimulatorDriver& running) { return running.setLock(1, 0, true); });
-        start([](SimulatorDriver& running) { return running.setLabel({}, 1, PortKind::source); });
-        EXPECT_EQ(thrown, std::vector(4, DriverError::notConnected()));
-    };
-    startConnecting();
-    commandAll();
-    queue.advance(300ms);
-    disconnect();
-    commandAll();
-}
-
 TEST_F(SimulatorDriverTest, ItsLastWordIsThatItWentDownHoweverOftenItIsToldTo)
 {
     connect();

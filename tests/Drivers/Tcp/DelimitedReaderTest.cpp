@@ -60,6 +60,18 @@ TEST(DelimitedReader, TellsOfEachOfTwoThatAreTooLong)
     EXPECT_TRUE(reader.feed("9", ignore));
 }
 
+TEST(DelimitedReader, SearchesEachByteOnce)
+{
+    // Otherwise this would take hours.
+    DelimitedReader reader("\n\n", CarriageReturn::dropped, std::size_t{2} << 20);
+    std::size_t size = 0;
+    const auto keep = [&](std::string_view piece) { size = piece.size(); };
+    for (int byte = 0; byte < 1 << 20; ++byte)
+        EXPECT_FALSE(reader.feed("x", keep));
+    EXPECT_FALSE(reader.feed("\n\n", keep));
+    EXPECT_EQ(size, std::size_t{1} << 20);
+}
+
 } // namespace
 
 } // namespace corvane

@@ -241,14 +241,6 @@ TEST_F(TcpDriverTest, SendsCommandsInTheirOrder)
     EXPECT_EQ(peer->readAll(), "TAKE 7 0TAKE 7 1TAKE 7 2");
 }
 
-TEST_F(TcpDriverTest, SendsNothingBeforeTheLinkIsUp)
-{
-    const auto running = harness(here());
-    EXPECT_EQ(outcome(running->driver->take(1, 0, 0)), DriverError::notConnected());
-    outcome(running->driver->connect());
-    EXPECT_EQ(outcome(running->driver->take(1, 0, 0)), DriverError::notConnected());
-}
-
 TEST_F(TcpDriverTest, ReportsACommandThatCouldNotBeSent)
 {
     const auto running = connected();

@@ -141,21 +141,6 @@ TEST_F(VideohubDriverTest, SendsEachCommandAsOneBlock)
     EXPECT_TRUE(running->pump([&] { return heard() == before + "VIDEO OUTPUT ROUTING:\n\n\n"; }));
 }
 
-TEST_F(VideohubDriverTest, ForcesOpenWhatAnotherHasLocked)
-{
-    const auto running = connected();
-    matrix.setLocks({{1, emulator::somebodyElse}});
-    EXPECT_TRUE(running->pumpUntilSays("lock 1"));
-    EXPECT_EQ(heardUntil(*running, running->driver->setLock(1, 0, false), "unlock 1"),
-        "VIDEO OUTPUT LOCKS:\n1 F\n\n");
-    EXPECT_FALSE(matrix.lockOwner(1));
-
-    hub.quirks().ownLocksLookForeign = true;
-    heardUntil(*running, running->driver->setLock(0, 0, true), "lock 0");
-    EXPECT_EQ(heardUntil(*running, running->driver->setLock(0, 0, false), "unlock 0"),
-        "VIDEO OUTPUT LOCKS:\n0 F\n\n");
-}
-
 TEST_F(VideohubDriverTest, ForcesOpenNoLockButThatOfAnother)
 {
     ASSERT_TRUE(hub.playCapture("VIDEOHUB DEVICE:\nVideo inputs: 3\nVideo outputs: 3\n\n"
@@ -168,43 +153,28 @@ TEST_F(VideohubDriverTest, ForcesOpenNoLockButThatOfAnother)
     EXPECT_TRUE(running->pump([&] { return hub.receivedBlocks().size() == 3; }));
     EXPECT_EQ(
         heard(), "VIDEO OUTPUT LOCKS:\n0 U\n\nVIDEO OUTPUT LOCKS:\n1 F\n\nVIDEO OUTPUT LOCKS:\n2 U\n\n");
+    hub.quirks().ownLocksLookForeign = true;
+    heardUntil(*running, running->driver->setLock(0, 0, true), "lock 0");
+    EXPECT_EQ(heardUntil(*running, running->driver->setLock(0, 0, false), "unlock 0"),
+        "VIDEO OUTPUT LOCKS:\n0 F\n\n");
+}
+
+TEST_F(VideohubDriverTest, TellsWholeTablesAsTheyCome)
+{
+    const auto running = connected();
+    hub.quirks().tellWholeTables = true;
+    matrix.setRoutes({{0, 1, 2}});
+    EXPECT_TRUE(running->pumpUntilSays("route 0:1=2"));
+    EXPECT_THAT(running->log.takeNew(), ElementsAre("route 0:0=0", "route 0:1=2"));
 }
 
 TEST_F(VideohubDriverTest, DoesNotLockOnARouterThatHasShownNoLocks)
 {
-    // Whether there is a link or not: that it has none is what the operator can use.
-    Harness unconnected(queue, here());
-    EXPECT_EQ(outcome(unconnected.driver->setLock(0, 0, true)), DriverError::unsupported(feature::locking));
     hub.quirks().omitLocks = true;
     const auto running = connected();
     EXPECT_EQ(outcome(running->driver->setLock(0, 0, true)), DriverError::unsupported(feature::locking));
     running->settle();
     EXPECT_THAT(heard(), IsEmpty());
-}
-
-TEST_F(VideohubDriverTest, SendsNothingWithoutALink)
-{
-    const auto running = connected();
-    const auto& driver = running->driver;
-    hub.dropClients();
-    EXPECT_TRUE(running->pumpUntilSays("disconnected"));
-    EXPECT_EQ(outcome(driver->take(0, 0, 0)), DriverError::notConnected());
-    EXPECT_EQ(outcome(driver->setLock(0, 0, true)), DriverError::notConnected());
-    EXPECT_EQ(outcome(driver->setLabel(u"A"_s, 0, PortKind::source)), DriverError::notConnected());
-}
-
-TEST_F(VideohubDriverTest, TellsWhatOthersDo)
-{
-    const auto running = connected();
-    matrix.setRoutes({{0, 1, 0}});
-    EXPECT_TRUE(running->pumpUntilSays("route 0:1=0"));
-    matrix.setLabels({{emulator::Side::Destination, 1, u"Stage"_s}});
-    EXPECT_TRUE(running->pumpUntilSays("label destination 1 Stage"));
-    (void)running->log.takeNew();
-    hub.quirks().tellWholeTables = true;
-    matrix.setRoutes({{0, 1, 2}});
-    EXPECT_TRUE(running->pumpUntilSays("route 0:1=2"));
-    EXPECT_THAT(running->log.takeNew(), ElementsAre("route 0:0=0", "route 0:1=2"));
 }
 
 TEST_F(VideohubDriverTest, ReadsTheMatrixAgainWhenARouteIsRefused)
