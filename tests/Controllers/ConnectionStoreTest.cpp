@@ -93,26 +93,6 @@ TEST_F(ConnectionStoreTest, OffersSamplesOnAFirstRunWithoutWritingThem)
     EXPECT_EQ(reloaded(), store->connections());
 }
 
-TEST_F(ConnectionStoreTest, TakesAnEmptyListForWhatItIs)
-{
-    writeFile(m_path, "[]");
-    const auto store = makeStore();
-    EXPECT_TRUE(store->connections().isEmpty());
-    EXPECT_EQ(store->selectedConnectionID(), std::nullopt);
-    EXPECT_EQ(store->selectedConnection(), std::nullopt);
-}
-
-TEST_F(ConnectionStoreTest, StartsWithoutRoutersAfterMovingABadFileAside)
-{
-    writeFile(m_path + u".corrupt"_s, "an earlier one");
-    writeFile(m_path, R"([{"name":"good"},{"name":5}])");
-    EXPECT_EQ(printedBy([&] { EXPECT_TRUE(makeStore()->connections().isEmpty()); }),
-        "ConnectionStore: unreadable connections.json moved to connections.json.corrupt — “name” is not a "
-        "string\n");
-    EXPECT_EQ(readFile(m_path + u".corrupt"_s), R"([{"name":"good"},{"name":5}])");
-    EXPECT_EQ(m_folder.names(), QStringList(u"connections.json.corrupt"_s));
-}
-
 TEST_F(ConnectionStoreTest, IsWholeOrMovedAsideHoweverItsFileIsSpoilt)
 {
     expectWholeOrMovedAside({u"connections.json"_s,
@@ -122,6 +102,10 @@ TEST_F(ConnectionStoreTest, IsWholeOrMovedAsideHoweverItsFileIsSpoilt)
         R"("accentHue":0.35,"bonjourName":"Hub"}])",
         "[]", [this](const QString& folder) { ConnectionStore(m_queue, {}, folder).save(); },
         SavedFile::Missing::isFilledIn});
+    writeFile(m_path, R"([{"name":"good"},{"name":5}])");
+    EXPECT_EQ(printedBy([&] { EXPECT_TRUE(makeStore()->connections().isEmpty()); }),
+        "ConnectionStore: unreadable connections.json moved to connections.json.corrupt — “name” is not a "
+        "string\n");
 }
 
 TEST_F(ConnectionStoreTest, SelectsWhatIsAddedAndNeverWritesWhatLivesForThisRunOnly)
@@ -146,16 +130,6 @@ TEST_F(ConnectionStoreTest, SelectsWhatIsAddedAndNeverWritesWhatLivesForThisRunO
     store->remove(edited);
     store->add(edited, Persist::yes);
     EXPECT_EQ(reloaded(), (QList{m_a, m_b, edited}));
-}
-
-TEST_F(ConnectionStoreTest, KeepsOneControllerForEachRouterAndConnectsNone)
-{
-    const auto store = makeStore({m_a, m_b});
-    auto& controller = store->controller(m_a);
-    EXPECT_EQ(&store->controller(m_a), &controller);
-    EXPECT_NE(&store->controller(m_b), &controller);
-    m_queue.runReady();
-    EXPECT_TRUE(m_drivers.isEmpty());
 }
 
 TEST_F(ConnectionStoreTest, GivesAnEditedRouterANewControllerAndTakesTheOldOneDown)
@@ -359,14 +333,6 @@ TEST_F(LaunchTest, ConnectsEveryRouterThatIsDownAndNotASimulatorAndOnlyOnce)
     m_store->controller(m_c).disconnect();
     launch();
     EXPECT_EQ(m_made.size(), 3);
-}
-
-TEST_F(LaunchTest, HasNothingToDoForSimulatorsAlone)
-{
-    m_store = makeStore({m_demo});
-    launch();
-    EXPECT_TRUE(m_drivers.isEmpty());
-    EXPECT_EQ(m_queue.waitingCount(), 0U);
 }
 
 TEST_F(LaunchTest, SelectsTheFirstInTheListThatIsUpAtALook)

@@ -22,15 +22,6 @@ protected:
     [[nodiscard]] const Staging& staging() const { return controller->operatorState().staging; }
 };
 
-TEST_F(MatrixControllerRoutingTest, ATakeShowsAtOnceAndIsSentOnALaterTurn)
-{
-    controller->take(3, 5);
-    EXPECT_EQ(controller->state().source(5, 0), 3);
-    EXPECT_THAT(driver().calls, IsEmpty());
-    EXPECT_THAT(told(), ElementsAre("takeAll 0:5<3"));
-    EXPECT_EQ(controller->state().source(5, 0), 3);
-}
-
 TEST_F(MatrixControllerRoutingTest, ACommandThatCannotBeSentIsTakenBack)
 {
     auto state = matrix(10, 10, 3);

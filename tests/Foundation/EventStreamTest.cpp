@@ -20,20 +20,6 @@ std::vector<int> numbers(int count)
     return result;
 }
 
-TEST(EventStream, KeepsWhatWasYieldedBeforeTheConsumerCame)
-{
-    ManualQueue queue;
-    const EventStream<int> stream;
-    stream.yield(0);
-    stream.yield(std::vector{1, 2});
-    std::vector<int> seen;
-    stream.consume(queue, {}, [&](int event) { seen.push_back(event); });
-    stream.yield(3);
-    EXPECT_TRUE(seen.empty());
-    queue.runReady();
-    EXPECT_EQ(seen, numbers(4));
-}
-
 TEST(EventStream, DropsWhatComesAfterTheEndAndDeliversWhatCameBefore)
 {
     ManualQueue queue;

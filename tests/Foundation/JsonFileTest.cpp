@@ -56,12 +56,6 @@ protected:
     QStringList m_content;
 };
 
-TEST_F(JsonFileTest, StartsEmptyAndSaysNothingWhenThereIsNoFile)
-{
-    EXPECT_EQ(printedBy([&] { EXPECT_EQ(load(m_file), JsonFile::Loaded::missing); }), "");
-    EXPECT_EQ(m_folder.names(), QStringList());
-}
-
 TEST_F(JsonFileTest, LoadsWhatItSavedAndMakesTheFoldersForIt)
 {
     const auto file = fileAt(m_folder.path(u"a/b/labels.json"_s));
@@ -84,14 +78,6 @@ TEST_F(JsonFileTest, MovesABadFileAsideInPlaceOfAnEarlierOne)
     EXPECT_EQ(m_folder.names(), QStringList(u"labels.json.corrupt"_s));
     EXPECT_EQ(readFile(m_corruptPath), R"(["a")");
     EXPECT_EQ(m_content, QStringList());
-}
-
-TEST_F(JsonFileTest, HasAShorterLineForThoseWhoWantIt)
-{
-    writeFile(m_path, "[1]");
-    const auto file = fileAt(m_path, JsonFile::MovedAside::staysShort);
-    EXPECT_EQ(printedBy([&] { load(file); }),
-        "LabelStore: unreadable labels.json moved aside — an element is not a string\n");
 }
 
 TEST_F(JsonFileTest, MovesAsideWhateverElseStandsInTheFilesPlace)

@@ -58,24 +58,12 @@ TEST(JsonReader, ReadsAWholeNumberHoweverItIsWrittenAndNothingElseAsInteger)
         const char* text;
         std::optional<qint64> expected;
     };
-    const Case cases[] = {
-        {"0", 0},
-        {"-7", -7},
-        {"5.0", 5},
-        {"5e2", 500},
-        {"5.5", std::nullopt},
-        {"1e30", std::nullopt},
-        {"1e999", std::nullopt},
-        {"9223372036854775807", std::numeric_limits<qint64>::max()},
-        {"9223372036854775808", std::nullopt},
-        {"-9223372036854775808", std::numeric_limits<qint64>::min()},
-        {"-9223372036854775809", std::nullopt},
-        {"18446744073709551615", std::nullopt},
-        {"\"5\"", std::nullopt},
-        {"true", std::nullopt},
-        {"null", std::nullopt},
-        {"[5]", std::nullopt},
-    };
+    const Case cases[] = {{"0", 0}, {"-7", -7}, {"5.0", 5}, {"5e2", 500}, {"5.5", std::nullopt},
+        {"1e30", std::nullopt}, {"1e999", std::nullopt},
+        {"9223372036854775807", std::numeric_limits<qint64>::max()}, {"9223372036854775808", std::nullopt},
+        {"-9223372036854775808", std::numeric_limits<qint64>::min()}, {"-9223372036854775809", std::nullopt},
+        {"18446744073709551615", std::nullopt}, {"\"5\"", std::nullopt}, {"true", std::nullopt},
+        {"null", std::nullopt}, {"[5]", std::nullopt}};
     for (const auto& c : cases)
         EXPECT_EQ(ask<qint64>(c.text, [](const JsonValue& value) { return value.integer(); }), c.expected)
             << c.text;
@@ -144,38 +132,11 @@ TEST(JsonReader, TellsWhichMemberIsWrong)
 TEST(JsonReader, RefusesWhatIsNotJsonFromTheFirstByteToTheLast)
 {
     using namespace std::string_literals;
-    const std::string texts[] = {
-        ""s,
-        " "s,
-        "{"s,
-        "{}}"s,
-        "{} x"s,
-        "{}\0"s,
-        "{}\0garbage"s,
-        "[]"s,
-        "5"s,
-        "null"s,
-        "\"a\""s,
-        "{\"a\":1,}"s,
-        "{\"a\"}"s,
-        "{a:1}"s,
-        "{'a':1}"s,
-        "{\"a\":01}"s,
-        "{\"a\":+1}"s,
-        "{\"a\":.5}"s,
-        "{\"a\":NaN}"s,
-        "{\"a\":tru}"s,
-        "{\"a\":1e999}"s,
-        "{\"a\":\"\xff\"}"s,
-        "{\"\xc0\xaf\":1}"s,
-        "{\"a\":\"\xed\xa0\x80\"}"s,
-        "{\"a\":\"\\ud800\"}"s,
-        "{\"a\":\"\\x\"}"s,
-        "{\"a\":\"\n\"}"s,
-        "{\"a\":\"\0\"}"s,
-        "{\"a\":1 /* no */}"s,
-        "{\"a\":[1}]"s,
-    };
+    const std::string texts[] = {""s, " "s, "{"s, "{}}"s, "{} x"s, "{}\0"s, "{}\0garbage"s, "[]"s, "5"s,
+        "null"s, "\"a\""s, "{\"a\":1,}"s, "{\"a\"}"s, "{a:1}"s, "{'a':1}"s, "{\"a\":01}"s, "{\"a\":+1}"s,
+        "{\"a\":.5}"s, "{\"a\":NaN}"s, "{\"a\":tru}"s, "{\"a\":1e999}"s, "{\"a\":\"\xff\"}"s,
+        "{\"\xc0\xaf\":1}"s, "{\"a\":\"\xed\xa0\x80\"}"s, "{\"a\":\"\\ud800\"}"s, "{\"a\":\"\\x\"}"s,
+        "{\"a\":\"\n\"}"s, "{\"a\":\"\0\"}"s, "{\"a\":1 /* no */}"s, "{\"a\":[1}]"s};
     for (const auto& text : texts) {
         const QByteArrayView bytes(text.data(), static_cast<qsizetype>(text.size()));
         EXPECT_THROW(readJsonObject(bytes, [](const QString&, const JsonValue&) {}), JsonError) << text;
@@ -207,15 +168,8 @@ TEST(JsonWriter, WritesNumbersSoThatTheyAreReadBackTheSame)
         double number;
         const char* expected;
     };
-    const Case cases[] = {
-        {5.0, "5"},
-        {784900000.5, "784900000.5"},
-        {700000000.0, "700000000"},
-        {-3.0, "-3"},
-        {0.1, "0.1"},
-        {784900000.12345678, "784900000.1234568"},
-        {1e300, "1e+300"},
-    };
+    const Case cases[] = {{5.0, "5"}, {784900000.5, "784900000.5"}, {700000000.0, "700000000"}, {-3.0, "-3"},
+        {0.1, "0.1"}, {784900000.12345678, "784900000.1234568"}, {1e300, "1e+300"}};
     for (const auto& c : cases) {
         const auto text = written([&](JsonWriter& writer) { writer.number(c.number); });
         EXPECT_EQ(text, c.expected);

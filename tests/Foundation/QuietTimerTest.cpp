@@ -32,18 +32,6 @@ TEST_F(QuietTimerTest, CallsOnceAfterTheLastRestart)
     EXPECT_EQ(calls, 2);
 }
 
-TEST_F(QuietTimerTest, CancelledStaysQuietUntilTheNextRestart)
-{
-    timer.restart();
-    queue.advance(1s);
-    timer.cancel();
-    queue.advance(1h);
-    EXPECT_EQ(calls, 0);
-    timer.restart();
-    queue.advance(1200ms);
-    EXPECT_EQ(calls, 1);
-}
-
 TEST_F(QuietTimerTest, KeepsOneItemWaitingHoweverOftenItIsRestarted)
 {
     for (int i = 0; i < 1000; ++i)

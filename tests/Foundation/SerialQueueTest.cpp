@@ -142,23 +142,6 @@ TEST(WorkItem, CancelledReleasesWhatItHoldsAndNeverRuns)
     EXPECT_EQ(*held, 0);
 }
 
-TEST(ManualQueue, RunsEachItemAtItsOwnMoment)
-{
-    ManualQueue queue;
-    const auto start = queue.now();
-    std::vector<Duration> moments;
-    const auto note = [&] { moments.push_back(queue.now() - start); };
-    queue.after(2s, note);
-    queue.after(1s, [&] {
-        note();
-        queue.after(500ms, note);
-    });
-    queue.advance(1900ms);
-    EXPECT_EQ(moments, (std::vector<Duration>{1s, 1500ms}));
-    queue.advance(100ms);
-    EXPECT_EQ(moments.back(), 2s);
-}
-
 } // namespace
 
 } // namespace corvane

@@ -1,5 +1,4 @@
 #include "Foundation/TcpConnection.h"
-#include "Foundation/EventLoopQueue.h"
 #include "support/ManualQueue.h"
 #include "support/Pump.h"
 #include "support/Sockets.h"
@@ -158,15 +157,6 @@ TEST_F(TcpConnectionTest, CancelledIsOverInEveryState)
     EXPECT_TRUE(error);
 }
 
-TEST_F(TcpConnectionTest, CancellingClosesThePeersEnd)
-{
-    open(here());
-    auto* const peer = accept();
-    connection->cancel();
-    EXPECT_TRUE(pump([&] { return peer->state() == QAbstractSocket::UnconnectedState; }));
-    EXPECT_TRUE(ends.empty());
-}
-
 TEST_F(TcpConnectionTest, DroppingItClosesThePeersEnd)
 {
     open(here());
@@ -213,41 +203,6 @@ TEST_F(TcpConnectionTest, AReaderThatDoesNotAskOrPausesSlowsThePeerDown)
             read();
         EXPECT_TRUE(pump([&] { return received.size() == tooMuchForAnyKernelBuffer; }));
     }
-}
-
-TEST(TcpConnection, WorksFromAnotherThreadThanItsQueue)
-{
-    QTcpServer server;
-    ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
-    ThreadQueue queue(u"test.tcp"_s);
-    const auto connection =
-        TcpConnection::make(HostEndpoint{u"127.0.0.1"_s, server.serverPort()}, queue, noService);
-    QByteArray received;
-    bool ended = false;
-    std::function<void()> read = [&] {
-        connection->receive(65536, [&](const TcpConnection::Delivery& delivery) {
-            received += delivery.bytes;
-            ended = delivery.isComplete;
-            if (!ended)
-                read();
-        });
-    };
-    read();
-    connection->start();
-    ASSERT_TRUE(pumpUntil([&] { return connection->isReady() && server.hasPendingConnections(); }));
-    auto* const peer = server.nextPendingConnection();
-    connection->send("take", [](const auto& error) { EXPECT_FALSE(error); });
-    ASSERT_TRUE(pumpUntil([&] { return peer->bytesAvailable() == 4; }));
-    peer->write("tally");
-    peer->disconnectFromHost();
-    EXPECT_TRUE(pumpUntil([&] {
-        bool isOver = false;
-        queue.sync([&] { isOver = ended; });
-        return isOver;
-    }));
-    queue.sync([&] { EXPECT_EQ(received, "tally"); });
-    connection->cancel();
-    queue.sync([] {});
 }
 
 } // namespace

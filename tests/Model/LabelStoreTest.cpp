@@ -86,40 +86,6 @@ TEST_F(LabelStoreTest, SavesAlsoWhenNothingChanged)
     EXPECT_EQ(file(), "{}");
 }
 
-TEST(LabelStoreFile, IsTakenAsItStandsOrNotAtAll)
-{
-    struct Case {
-        const char* text;
-        bool isGood;
-    };
-    const Case cases[] = {
-        {"{}", true},
-        {R"({"X":{"sources":{},"destinations":{}}})", true},
-        {R"({"X":{"sources":{"007":" a "},"destinations":{}}})", true},
-        {R"({"X":{"sources":{},"destinations":{},"other":[1]}})", true},
-        {"", false},
-        {"[]", false},
-        {R"({"X":{"sources":{}}})", false},
-        {R"({"X":{"sources":{},"destinations":null}})", false},
-        {R"({"X":{"sources":{"0":5},"destinations":{}}})", false},
-        {R"({"X":{"sources":{"0":null},"destinations":{}}})", false},
-        {R"({"X":{"sources":["a"],"destinations":{}}})", false},
-        {R"({"good":{"sources":{},"destinations":{}},"X":5})", false},
-    };
-    for (const auto& c : cases) {
-        const TemporaryFolder folder;
-        writeFile(folder.path(u"labels.json"_s), c.text);
-        const auto printed = printedBy([&] {
-            EXPECT_EQ(
-                LabelStore(folder.path()).byConnection().isEmpty(), !c.isGood || QByteArray(c.text) == "{}")
-                << c.text;
-        });
-        EXPECT_EQ(printed.starts_with("LabelStore: unreadable labels.json moved to labels.json.corrupt — "),
-            !c.isGood)
-            << c.text << ": " << printed;
-    }
-}
-
 TEST(LabelStoreFile, KeepsEntriesThatNobodyAsksFor)
 {
     const TemporaryFolder folder;

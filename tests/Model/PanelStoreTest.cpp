@@ -118,31 +118,6 @@ TEST_F(PanelStoreTest, ClearsTheActivePanelWhenToldSo)
     EXPECT_EQ(m_store.activePanelID(router), std::nullopt);
 }
 
-TEST(PanelStoreFile, IsBadAsAWholeWhenAnythingInItIsBad)
-{
-    struct Case {
-        const char* text;
-        const char* error;
-    };
-    const Case cases[] = {
-        {R"({"panels":{},"active":{}})", nullptr},
-        {R"({"active":{"X":"51C6C6F2-8A3D-4B52-B1AF-0C3A7D0E9E11"},"panels":{"X":[]},"v":1})", nullptr},
-        {R"({"panels":{}})", "“active” is missing"},
-        {R"({"active":{}})", "“panels” is missing"},
-        {R"({"panels":{"X":{}},"active":{}})", "“X” is not an array"},
-        {R"({"panels":{"X":[{}]},"active":{}})", "“id” is missing"},
-        {R"({"panels":{},"active":{"X":null}})", "“X” is not a UUID"},
-        {R"({"panels":null,"active":{}})", "“panels” is not an object"},
-    };
-    for (const auto& c : cases) {
-        const TemporaryFolder folder;
-        writeFile(folder.path(u"panels.json"_s), c.text);
-        const auto line =
-            c.error ? "PanelStore: unreadable panels.json moved aside — " + std::string(c.error) + "\n" : "";
-        EXPECT_EQ(printedBy([&] { const PanelStore store(folder.path()); }), line) << c.text;
-    }
-}
-
 } // namespace
 
 } // namespace corvane

@@ -98,25 +98,10 @@ TEST(RouterConnectionJson, GivesEachRecordWithoutAnIdAFreshOne)
 
 TEST(RouterConnectionJson, RefusesAWrongType)
 {
-    const char* const texts[] = {
-        "[]",
-        "5",
-        "null",
-        R"({"id":"x"})",
-        R"({"id":5})",
-        R"({"name":5})",
-        R"({"vendor":5})",
-        R"({"host":[]})",
-        R"({"port":"9990"})",
-        R"({"port":9990.5})",
-        R"({"port":1e30})",
-        R"({"simSourceCount":true})",
-        R"({"simDestinationCount":{}})",
-        R"({"accentHue":"0.5"})",
-        R"({"bonjourName":1})",
-        R"({"bonjourType":1})",
-        R"({"bonjourDomain":1})",
-    };
+    const char* const texts[] = {"[]", "5", "null", R"({"id":"x"})", R"({"id":5})", R"({"name":5})",
+        R"({"vendor":5})", R"({"host":[]})", R"({"port":"9990"})", R"({"port":9990.5})", R"({"port":1e30})",
+        R"({"simSourceCount":true})", R"({"simDestinationCount":{}})", R"({"accentHue":"0.5"})",
+        R"({"bonjourName":1})", R"({"bonjourType":1})", R"({"bonjourDomain":1})"};
     for (const auto* const text : texts)
         EXPECT_FALSE(decoded<RouterConnection>(text, routerConnectionFromJson)) << text;
 }

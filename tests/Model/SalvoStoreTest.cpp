@@ -149,17 +149,6 @@ TEST_F(SalvoStoreTest, RemovesThePanelsSalvosAndLeavesTheOthers)
     EXPECT_EQ(salvos(), (QList{added[1], added[2]}));
 }
 
-TEST_F(SalvoStoreTest, KeepsTheFractionOfADateThroughSaves)
-{
-    for (const auto seconds : {784900000.123456789, 0.1, 784900000.0, -1.5}) {
-        auto dated = salvo(u"dated"_s);
-        dated.savedAt = Timestamp{seconds};
-        m_store.add(dated, router);
-        const SalvoStore reloaded(m_folder.path());
-        EXPECT_EQ(reloaded.byConnection().value(idText(router)).front().savedAt->seconds, seconds);
-    }
-}
-
 } // namespace
 
 } // namespace corvane
