@@ -101,14 +101,6 @@ TEST(GridLayout, FindsRowHeadersEvenWithoutColumns)
     EXPECT_THAT(rowsOnly.placeAt({30, 120}), Optional(Eq(GridPlace{0, header})));
 }
 
-TEST(GridLayout, PutsAPlaceWhereItIsFound)
-{
-    for (const GridPlace place : {GridPlace{3, 4}, GridPlace{3, header}, GridPlace{header, 4}}) {
-        const GridLayout scrolled = layout({77, 33});
-        EXPECT_EQ(scrolled.placeAt(scrolled.rectOf(place).center()), place);
-    }
-}
-
 TEST(GridLayout, FollowsTheFocusNoFurtherThanItMust)
 {
     const struct {

@@ -107,16 +107,6 @@ TEST_F(DestinationListQmlTest, ItemsThatAreUsedAgainShowTheRowsTheyAreUsedFor)
     }
 }
 
-TEST_F(DestinationListQmlTest, OpensAtTheFocusedDestination)
-{
-    connectTo(matrix(300, 300));
-    controller->focusDestination(200);
-    open();
-    draw();
-    EXPECT_NE(shown(destinations(), 200), nullptr);
-    EXPECT_NE(shown(sources(), 200), nullptr) << "what feeds it";
-}
-
 TEST_F(DestinationListQmlTest, ClicksRouteAndDoubleClicksRename)
 {
     show(matrix(8, 8));
@@ -227,24 +217,6 @@ TEST_F(DestinationListQmlTest, NoTextEverLiesOnAnother)
             }
         }
     }
-}
-
-TEST_F(DestinationListQmlTest, SurvivesPortsVanishingInView)
-{
-    show(matrix(300, 300));
-    destinations().takeKeyboard();
-    press(Qt::Key_End);
-    draw();
-    report(driverEvent::StateReplaced{matrix(5, 5)});
-    draw();
-    EXPECT_EQ(destinations().rectOf(0).top(), 10);
-    EXPECT_NE(shown(destinations(), 4), nullptr);
-    EXPECT_EQ(shown(destinations(), 5), nullptr);
-    report(driverEvent::StateReplaced{RouterState{}});
-    draw();
-    report(driverEvent::StateReplaced{matrix(20, 20)});
-    draw();
-    EXPECT_NE(shown(destinations(), 0), nullptr);
 }
 
 } // namespace

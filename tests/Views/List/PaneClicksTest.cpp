@@ -182,24 +182,6 @@ TEST_F(PaneClicksTest, WithNothingToRouteToAClickIsNotHeld)
     EXPECT_EQ(controller->selectedSource(), 5) << "at once";
 }
 
-TEST_F(PaneClicksTest, AClickOnALockedDestinationIsAnswered)
-{
-    lead(sourceLed, TakeMode::immediate);
-    controller->focusSource(0);
-    list.destinations()->click(3);
-    queue.advance(250ms);
-    EXPECT_EQ(lastError(), u"Out 4 is locked."_s);
-    EXPECT_EQ(told(), Calls{});
-}
-
-TEST_F(PaneClicksTest, ARouterThatGoesTakesAHeldClickAlong)
-{
-    controller->focusDestination(1);
-    list.sources()->click(5);
-    controller.reset();
-    queue.advance(1s);
-}
-
 } // namespace
 
 } // namespace corvane

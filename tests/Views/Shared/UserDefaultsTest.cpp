@@ -34,18 +34,12 @@ TEST_F(UserDefaultsTest, TheCellSizeIsKeptTheMomentItChanges)
     EXPECT_EQ(keptCellSize(), 50);
 }
 
-TEST_F(UserDefaultsTest, ASizeBetweenTwoStepsIsKeptAsItIs)
-{
-    writeFile(m_file, "[General]\nmatrixCellSize=33\n");
-    EXPECT_EQ(keptCellSize(), 33);
-}
-
 TEST_F(UserDefaultsTest, WhatIsNoSizeGivesTheDefault)
 {
-    for (const char* text : {"large", "", "nan", "@Invalid()"}) {
-        SCOPED_TRACE(text);
+    for (const auto& [text, size] :
+        {std::pair("33", 33), {"large", 44}, {"", 44}, {"nan", 44}, {"@Invalid()", 44}}) {
         writeFile(m_file, QByteArray("[General]\nmatrixCellSize=") + text + "\n");
-        EXPECT_EQ(keptCellSize(), 44);
+        EXPECT_EQ(keptCellSize(), size) << text;
     }
 }
 
