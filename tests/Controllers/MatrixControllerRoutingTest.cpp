@@ -135,15 +135,6 @@ TEST_F(MatrixControllerRoutingTest, ALockedDestinationIsNamedByItsPositionAndNot
     EXPECT_EQ(controller->state(), state);
 }
 
-TEST_F(MatrixControllerRoutingTest, AGangIsTakenOneByOneInAscendingOrder)
-{
-    gang({7, 2, 5});
-    report(driverEvent::LockChanged{5, true});
-    controller->chooseSource(1);
-    EXPECT_THAT(told(), ElementsAre("takeAll 0:2<1", "takeAll 0:7<1"));
-    EXPECT_EQ(lastError(), u"Out 6 is locked."_s);
-}
-
 TEST_F(MatrixControllerRoutingTest, ALockedDestinationIsNamedWhenItIsToBeStagedAndNotStaged)
 {
     using Gestures = std::function<void(MatrixController&)>;

@@ -5,15 +5,9 @@
 #include <QTcpServer>
 #include <QTcpSocket>
 
-#include <gmock/gmock.h>
-
 namespace corvane {
 
 namespace {
-
-using namespace std::chrono_literals;
-using namespace Qt::StringLiterals;
-using testing::ElementsAre;
 
 /// A router of two ports a side that does not read, so that the last of many commands find no room, and its
 /// driver.

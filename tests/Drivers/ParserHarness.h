@@ -5,12 +5,18 @@
 
 #include <QByteArray>
 
+#include <gmock/gmock.h>
+
+#include <functional>
 #include <string>
 #include <vector>
 
 namespace corvane {
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+using testing::IsEmpty;
 
 using Texts = std::vector<std::string>;
 
@@ -55,8 +61,39 @@ struct ParserHarness : EventHarness {
         return settle();
     }
 
+    /// The events of bytes that come in these pieces.
+    Texts hearAll(const Texts& pieces)
+    {
+        for (const auto& piece : pieces)
+            parser.ingest(piece);
+        return settle();
+    }
+
     Parser parser;
 };
+
+/// Hands a stream over in two pieces, cut at each of its bytes, and then byte by byte.
+inline void forEachCut(const std::string& stream, const std::function<void(const Texts& pieces)>& hear)
+{
+    for (std::size_t cut = 0; cut <= stream.size(); ++cut) {
+        SCOPED_TRACE(cut);
+        hear({stream.substr(0, cut), stream.substr(cut)});
+    }
+    SCOPED_TRACE("byte by byte");
+    Texts bytes;
+    for (const char byte : stream)
+        bytes.emplace_back(1, byte);
+    hear(bytes);
+}
+
+/// The text with each of its line feeds replaced.
+inline std::string withLineEnds(const std::string& text, const std::string& end)
+{
+    std::string result;
+    for (const char byte : text)
+        result += byte == '\n' ? end : std::string(1, byte);
+    return result;
+}
 
 /// A parser of a router that has to be asked, and what it had to say to it.
 template <typename Parser>

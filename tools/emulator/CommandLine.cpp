@@ -33,7 +33,6 @@ void addSharedOptions(QCommandLineParser& parser)
         {u"acknowledge-only"_s, u"Acknowledge commands and do nothing."_s},
         {u"silent"_s, u"Accept connections and say nothing."_s},
         {u"pieces"_s, u"Send in pieces of this many bytes."_s, u"bytes"_s, u"0"_s},
-        {u"delay"_s, u"Hold back everything said."_s, u"ms"_s, u"0"_s},
         {u"close-after"_s, u"Close each connection after so much output."_s, u"bytes"_s},
         {u"change-every"_s, u"Let somebody else take something this often."_s, u"ms"_s},
         {u"seconds"_s, u"End after this time."_s, u"seconds"_s},
@@ -70,7 +69,6 @@ Faults readFaults(OptionValues& values)
         .acknowledgeOnly = values.flag(u"acknowledge-only"_s),
         .silent = values.flag(u"silent"_s),
         .pieceSize = values.number(u"pieces"_s),
-        .answerDelay = std::chrono::milliseconds(values.number(u"delay"_s)),
         .closeAfterBytes = values.optional<qint64>(u"close-after"_s),
     };
 }

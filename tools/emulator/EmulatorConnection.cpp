@@ -11,7 +11,6 @@ EmulatorConnection::EmulatorConnection(QTcpSocket* socket, ClientId id, const Fa
     // Otherwise the system would join small pieces again.
     m_socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
     m_nextPiece.setSingleShot(true);
-    m_nextPiece.setTimerType(Qt::PreciseTimer);
     connect(&m_nextPiece, &QTimer::timeout, this, &EmulatorConnection::writeNextPiece);
     connect(m_socket, &QTcpSocket::readyRead, this, [this] { emit received(m_socket->readAll()); });
     connect(m_socket, &QTcpSocket::disconnected, this, &EmulatorConnection::closed);
@@ -21,20 +20,16 @@ void EmulatorConnection::send(const QByteArray& bytes)
 {
     if (m_faults.silent || m_socket->state() != QAbstractSocket::ConnectedState)
         return;
-    const auto due =
-        m_faults.hold ? QDeadlineTimer(QDeadlineTimer::Forever) : QDeadlineTimer(m_faults.answerDelay);
     const qsizetype step = m_faults.pieceSize > 0 ? m_faults.pieceSize : std::max<qsizetype>(bytes.size(), 1);
     for (qsizetype begin = 0; begin < bytes.size(); begin += step)
-        m_outgoing.push_back({bytes.mid(begin, step), due});
+        m_outgoing.push_back({bytes.mid(begin, step), m_faults.hold});
     scheduleNextPiece();
 }
 
 void EmulatorConnection::release()
 {
-    for (auto& piece : m_outgoing) {
-        if (piece.due.isForever())
-            piece.due = QDeadlineTimer();
-    }
+    for (auto& piece : m_outgoing)
+        piece.isHeld = false;
     scheduleNextPiece();
 }
 
@@ -60,14 +55,13 @@ void EmulatorConnection::dropAfter(const QByteArray& lastWords)
 
 void EmulatorConnection::scheduleNextPiece()
 {
-    if (m_outgoing.empty() || m_outgoing.front().due.isForever())
-        return;
-    m_nextPiece.start(static_cast<int>(m_outgoing.front().due.remainingTime()));
+    if (!m_outgoing.empty() && !m_outgoing.front().isHeld)
+        m_nextPiece.start(0);
 }
 
 void EmulatorConnection::writeNextPiece()
 {
-    if (!m_outgoing.empty() && m_outgoing.front().due.hasExpired()) {
+    if (!m_outgoing.empty() && !m_outgoing.front().isHeld) {
         const auto piece = std::move(m_outgoing.front());
         m_outgoing.pop_front();
         write(piece.bytes);

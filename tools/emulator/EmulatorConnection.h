@@ -4,7 +4,6 @@
 #include "emulator/Faults.h"
 
 #include <QByteArray>
-#include <QDeadlineTimer>
 #include <QObject>
 #include <QTcpSocket>
 #include <QTimer>
@@ -48,7 +47,7 @@ signals:
 private:
     struct Piece {
         QByteArray bytes;
-        QDeadlineTimer due;
+        bool isHeld = false;
     };
 
     void scheduleNextPiece();

@@ -2,13 +2,12 @@
 
 #include <QtGlobal>
 
-#include <chrono>
 #include <optional>
 
 namespace corvane::emulator {
 
 /// What any device may do wrong, whichever protocol it speaks. May be changed at any moment;
-/// what is already on its way to a client keeps the cut and the delay it was sent with.
+/// what is already on its way to a client keeps the cut it was sent with.
 struct Faults {
     /// How many of the coming commands are refused. Questions are answered and don't count.
     int refuseNext = 0;
@@ -31,9 +30,6 @@ struct Faults {
     /// Output goes out in pieces of this many bytes, each one written on a turn of the event loop
     /// of its own; 0 leaves it whole.
     int pieceSize = 0;
-
-    /// How long everything said is held back. The order stays.
-    std::chrono::milliseconds answerDelay{0};
 
     /// What is said waits for `EmulatorServer::release()`, and what follows it waits with it.
     bool hold = false;

@@ -40,7 +40,7 @@ public:
     KumoQuirks& quirks() { return m_quirks; }
 
     /// How many requests have been waiting for their answers at the same time, at most, on all connections
-    /// together. A fault's delay makes them wait long enough to be counted surely.
+    /// together.
     int mostRequestsAtOnce() const { return m_mostOpenRequests; }
 
     void beginRequest() { m_mostOpenRequests = std::max(m_mostOpenRequests, ++m_openRequests); }

@@ -4,14 +4,10 @@
 #include "emulator/QuartzEmulator.h"
 #include "emulator/SWP08Emulator.h"
 
-#include <gmock/gmock.h>
-
 #include <memory>
 #include <string>
 
 namespace corvane {
-
-using namespace Qt::StringLiterals;
 
 namespace emulator {
 

@@ -6,11 +6,7 @@ namespace corvane {
 
 namespace {
 
-using namespace std::chrono_literals;
-using namespace Qt::StringLiterals;
 using emulator::EmulatorServer;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 template <typename Driver, typename Emulator>
 struct Pair {
@@ -29,14 +25,6 @@ protected:
 using Families =
     testing::Types<Pair<SWP08Driver, emulator::SWP08Emulator>, Pair<QuartzDriver, emulator::QuartzEmulator>>;
 TYPED_TEST_SUITE(InterrogatingDriverTest, Families);
-
-TYPED_TEST(InterrogatingDriverTest, ConnectsToAMatrixSmallerThanSaved)
-{
-    this->matrix.replace(emulator::MatrixState::ofSize(3, 5));
-    const auto running = this->answered();
-    running->advance(1s);
-    EXPECT_TRUE(running->log.contains(this->connectedText()));
-}
 
 TYPED_TEST(InterrogatingDriverTest, MakesOneRouteAfterTheOther)
 {
@@ -65,16 +53,6 @@ TYPED_TEST(InterrogatingDriverTest, PutsBackWhatTheRouterRefused)
             testing::StartsWith("refused The router refused the "), "route 0:4=9", "route 0:3=3",
             "route 0:16=16"));
     EXPECT_EQ(this->commands().size(), 5);
-    running->advance(1h);
-    EXPECT_THAT(running->log.takeNew(), IsEmpty());
-}
-
-TYPED_TEST(InterrogatingDriverTest, ShowsARouteOnlyWhenTheRouterReportsIt)
-{
-    const auto running = this->connected();
-    this->router.faults().acknowledgeOnly = true;
-    EXPECT_FALSE(outcome(running->driver->take(5, 0, 0)));
-    EXPECT_TRUE(running->pump([&] { return this->commands().size() == 1; }));
     running->advance(1h);
     EXPECT_THAT(running->log.takeNew(), IsEmpty());
 }

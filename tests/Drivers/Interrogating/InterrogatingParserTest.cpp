@@ -1,18 +1,11 @@
 #include "Drivers/Interrogating/InterrogatingParser.h"
 #include "Drivers/ParserHarness.h"
 
-#include <gmock/gmock.h>
-
 #include <limits>
 
 namespace corvane {
 
 namespace {
-
-using namespace std::chrono_literals;
-using namespace Qt::StringLiterals;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 const std::string beyond = "refused The device reports ports beyond the configured 3×2 — increase the matrix"
                            " size in this router's settings.";
@@ -181,16 +174,6 @@ TEST(InterrogatingParser, ReadsAgainWhatCouldNotBeSent)
 
 TEST(InterrogatingParser, SaysNothingMoreWhenItsLinkHasEnded)
 {
-    Picture silent;
-    silent.parser.begin();
-    silent.parser.end();
-    EXPECT_THAT(silent.wait(1h), IsEmpty());
-
-    Picture half;
-    half.report({{0, 1, 2}});
-    half.parser.end();
-    EXPECT_THAT(half.wait(1h), IsEmpty());
-
     ConnectedPicture whole;
     whole.deliver([&] { whole.parser.reread(1); });
     whole.takeSent();

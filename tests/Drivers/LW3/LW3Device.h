@@ -3,11 +3,7 @@
 #include "Drivers/LW3/LW3Parser.h"
 #include "Drivers/ParserHarness.h"
 
-#include <gmock/gmock.h>
-
 namespace corvane::lw3test {
-
-using namespace Qt::StringLiterals;
 
 inline const std::string nameList = "pr /.ProductName=MX2-2x3\npw /MEDIA/NAMES/VIDEO.I1=1;Cam\n"
                                     "pw /MEDIA/NAMES/VIDEO.I2=1;VTR\npw /MEDIA/NAMES/VIDEO.O1=1;PGM\n"

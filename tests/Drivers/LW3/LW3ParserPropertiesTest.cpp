@@ -5,9 +5,6 @@ namespace corvane {
 namespace {
 
 using namespace lw3test;
-using namespace std::chrono_literals;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 TEST(LW3Parser, GathersSignalsInSilenceAndTellsOfThemWithTheState)
 {
@@ -30,41 +27,18 @@ TEST(LW3Parser, SaysTheSameHoweverTheStreamIsCut)
                              "CHG /MEDIA/PORTS/VIDEO/I1/STATUS.SignalPresent=TRUE\n";
     const Texts expected{connected, "route 0:0=1", "refused Route refused: E004:Invalid value",
         "label source 1 Köln;2", "input 0 present "};
-    const auto cutInTwo = [](LW3Device& device, const std::string& text, std::size_t cut) {
-        device.parser.ingest(std::string_view(text).substr(0, cut));
-        device.parser.ingest(std::string_view(text).substr(cut));
-    };
-    const auto withCarriageReturns = [](const std::string& text) {
-        std::string result;
-        for (const char byte : text)
-            result += byte == '\n' ? std::string("\r\n") : std::string(1, byte);
-        return result;
-    };
-    const auto run = [&](const std::string& first, std::size_t firstCut, const std::string& second,
-                         std::size_t secondCut) {
+    const auto run = [&](const Texts& first, const Texts& second) {
         LW3Device device;
         EXPECT_EQ(device.parser.registerCommand(LW3Parser::Command::route), "0001");
-        cutInTwo(device, first, firstCut);
+        device.hearAll(first);
         device.wait(600ms);
-        cutInTwo(device, second, secondCut);
-        device.settle();
-        EXPECT_EQ(device.log.all(), expected) << "cut at bytes " << firstCut << " and " << secondCut;
+        device.hearAll(second);
+        EXPECT_EQ(device.log.all(), expected);
         EXPECT_EQ(device.allSent(), firstQuestions + statusQuestions + matrixQuestion);
     };
-    for (std::size_t cut = 0; cut <= greeting.size(); ++cut)
-        run(greeting, cut, news, 0);
-    const auto wireNews = withCarriageReturns(news);
-    for (std::size_t cut = 0; cut <= wireNews.size(); ++cut)
-        run(withCarriageReturns(greeting), 0, wireNews, cut);
-
-    LW3Device device;
-    EXPECT_EQ(device.parser.registerCommand(LW3Parser::Command::route), "0001");
-    for (const char byte : greeting)
-        device.hear({&byte, 1});
-    device.wait(600ms);
-    for (const char byte : news)
-        device.hear({&byte, 1});
-    EXPECT_EQ(device.log.all(), expected) << "byte by byte";
+    forEachCut(greeting, [&](const Texts& pieces) { run(pieces, {news}); });
+    forEachCut(withLineEnds(news, "\r\n"),
+        [&](const Texts& pieces) { run({withLineEnds(greeting, "\r\n")}, pieces); });
 }
 
 TEST(LW3Parser, ReadsEachLineOnItsOwn)

@@ -5,9 +5,6 @@ namespace corvane {
 namespace {
 
 using namespace lw3test;
-using namespace std::chrono_literals;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 TEST(LW3Parser, AsksForNamesAndMatrixAtOnceAndForSignalsWhenTheNamesHaveEnded)
 {

@@ -2,20 +2,14 @@
 #include "Drivers/DriverHarness.h"
 #include "emulator/LW3Emulator.h"
 
-#include <gmock/gmock.h>
-
 namespace corvane {
 
 namespace {
 
-using namespace std::chrono_literals;
-using namespace Qt::StringLiterals;
 using emulator::EmulatedMatrix;
 using emulator::LW3Emulator;
 using emulator::LW3Quirks;
 using emulator::Side;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 const std::string reading = "status Reading router state…";
 const std::string connectedTo4x2 =
@@ -126,21 +120,6 @@ TEST_F(LightwareDriverTest, ConnectsHoweverTheMatrixSpeaksAndItsWordsAreCut)
         letTimePassUntilConnected(*running);
         EXPECT_EQ(running->log.all().back(), connectedTo4x2);
     }
-}
-
-TEST_F(LightwareDriverTest, TellsOfSignalsThatComeAfterTheState)
-{
-    auto running = connecting(device);
-    device.faults().silent = true;
-    running->advance(600ms);
-    EXPECT_TRUE(running->log.contains(
-        "connected lightware \"Studio\" \"MX2-4x2-HDMI20\" [Input 1|Input 2|Input 3|Input 4]"
-        " [Output 1|Output 2] routes 0=0 1=1"));
-    device.faults().silent = false;
-    device.setResolution(3, "720p50");
-    EXPECT_TRUE(running->pumpUntilSays("input 3 present 720p50"));
-    device.setResolution(3, "");
-    EXPECT_TRUE(running->pumpUntilSays("input 3 absent "));
 }
 
 TEST_F(LightwareDriverTest, SignsEachCommandAndSendsThemInOrder)

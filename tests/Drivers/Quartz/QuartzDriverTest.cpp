@@ -5,10 +5,8 @@ namespace corvane {
 
 namespace {
 
-using namespace std::chrono_literals;
 using emulator::QuartzEmulator;
 using emulator::QuartzQuirks;
-using testing::ElementsAre;
 
 using LineEnd = QuartzQuirks::LineEnd;
 

@@ -1,17 +1,11 @@
 #include "Drivers/Quartz/QuartzParser.h"
 #include "Drivers/ParserHarness.h"
 
-#include <gmock/gmock.h>
-
 #include <limits>
 
 namespace corvane {
 
 namespace {
-
-using namespace std::chrono_literals;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 const std::string refusal = "refused The router refused the command.";
 const std::string beyond = "refused The device reports ports beyond the configured 4×3 — increase the matrix"
@@ -107,23 +101,14 @@ TEST(QuartzParser, SaysTheSameHoweverTheStreamIsCut)
     const Texts expected{
         connected + " 0=0 1=1 2=2", "route 0:2=0", refusal, "route 0:1=3", refusal, "route 0:0=2"};
     for (const std::string end : {"\n", "\r", "\r\n"}) {
-        std::string text;
-        for (const char byte : lines)
-            text += byte == '\n' ? end : std::string(1, byte);
-        for (std::size_t cut = 0; cut <= text.size(); ++cut) {
+        forEachCut(withLineEnds(lines, end), [&](const Texts& pieces) {
             ConnectedRouter router;
             (void)router.parser.commandFor({0, 2, 1});
             (void)router.parser.commandFor({0, 0, 1});
-            router.parser.ingest(text.substr(0, cut));
-            router.parser.ingest(text.substr(cut));
-            router.settle();
-            EXPECT_EQ(router.log.all(), expected) << "cut at byte " << cut;
-            EXPECT_EQ(router.takeSent(), ".IV1\r") << "cut at byte " << cut;
-        }
-        ConnectedRouter router;
-        for (const char byte : text)
-            router.hear({&byte, 1});
-        EXPECT_EQ(router.log.all(), expected) << "byte by byte";
+            router.hearAll(pieces);
+            EXPECT_EQ(router.log.all(), expected);
+            EXPECT_EQ(router.takeSent(), ".IV1\r");
+        });
     }
 }
 

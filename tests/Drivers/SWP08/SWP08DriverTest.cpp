@@ -5,10 +5,8 @@ namespace corvane {
 
 namespace {
 
-using namespace std::chrono_literals;
 using emulator::SWP08Emulator;
 using emulator::SWP08Quirks;
-using testing::ElementsAre;
 
 using Form = SWP08Quirks::Form;
 

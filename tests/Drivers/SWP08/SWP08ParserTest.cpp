@@ -1,17 +1,11 @@
 #include "Drivers/SWP08/SWP08Parser.h"
 #include "Drivers/ParserHarness.h"
 
-#include <gmock/gmock.h>
-
 #include <limits>
 
 namespace corvane {
 
 namespace {
-
-using namespace std::chrono_literals;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 const std::string commandRefused = "refused The router refused the command (NAK).";
 const std::string routeRefused = "refused The router refused the route (NAK).";
@@ -210,27 +204,13 @@ TEST(SWP08Parser, SaysTheSameHoweverTheStreamIsCut)
     const Texts expected{"route 0:144=16", "route 0:17=16", routeRefused, "route 1:1023=1023",
         "route 0:116=116", commandRefused};
     const auto answers = "10 06 10 06 10 02 01 00 00 07 04 F4 10 03 10 06 10 15 10 06 10 06";
-    const auto prepared = [] {
-        auto router = std::make_unique<ConnectedRouter>();
-        (void)router->parser.commandFor({0, 5, 1});
-        (void)router->parser.commandFor({0, 7, 1});
-        return router;
-    };
-    for (std::size_t cut = 0; cut <= text.size(); ++cut) {
-        SCOPED_TRACE(cut);
-        const auto router = prepared();
-        router->parser.ingest(text.substr(0, cut));
-        EXPECT_EQ(router->hear(text.substr(cut)), expected);
-        EXPECT_EQ(hex(router->takeSent()), answers);
-    }
-    const auto router = prepared();
-    Texts events;
-    for (const char byte : text) {
-        const auto heard = router->hear({&byte, 1});
-        events.insert(events.end(), heard.begin(), heard.end());
-    }
-    EXPECT_EQ(events, expected);
-    EXPECT_EQ(hex(router->takeSent()), answers);
+    forEachCut(text, [&](const Texts& pieces) {
+        ConnectedRouter router;
+        (void)router.parser.commandFor({0, 5, 1});
+        (void)router.parser.commandFor({0, 7, 1});
+        EXPECT_EQ(router.hearAll(pieces), expected);
+        EXPECT_EQ(hex(router.takeSent()), answers);
+    });
 }
 
 TEST(SWP08Parser, AnswersADeliveryInOnePiece)

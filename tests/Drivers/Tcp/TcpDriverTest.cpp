@@ -5,16 +5,9 @@
 #include <QTcpServer>
 #include <QTcpSocket>
 
-#include <gmock/gmock.h>
-
 namespace corvane {
 
 namespace {
-
-using namespace std::chrono_literals;
-using namespace Qt::StringLiterals;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 const std::string waiting = "status Waiting for router… (Connection refused)";
 const std::string ready = "status Reading…";
@@ -158,14 +151,6 @@ TEST_F(TcpDriverTest, GivesUpAfterTwelveSeconds)
     EXPECT_THAT(running->log.all(), ElementsAre(testing::_, waiting, unanswered, "disconnected"));
     running->advance(1h);
     EXPECT_EQ(running->log.all().size(), 4U);
-}
-
-TEST_F(TcpDriverTest, LeavesARouterAloneThatAnsweredAndThenFellSilent)
-{
-    const auto running = connected();
-    running->advance(1h);
-    EXPECT_THAT(running->log.takeNew(), IsEmpty());
-    EXPECT_EQ(peer->state(), QAbstractSocket::ConnectedState);
 }
 
 TEST_F(TcpDriverTest, NeedsAnAddressOfItsOwn)

@@ -2,19 +2,13 @@
 #include "Drivers/DriverHarness.h"
 #include "emulator/VideohubEmulator.h"
 
-#include <gmock/gmock.h>
-
 namespace corvane {
 
 namespace {
 
-using namespace std::chrono_literals;
-using namespace Qt::StringLiterals;
 using emulator::EmulatedMatrix;
 using emulator::VideohubEmulator;
 using emulator::VideohubQuirks;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 const std::string reading = "status Reading router state…";
 const std::string refusal = "refused The router refused the last command.";
