@@ -114,7 +114,7 @@ TEST_F(KeyboardTest, TheBannerGivesTheKeyboardBack)
         else
             demo().setLastError(std::nullopt);
         settle();
-        EXPECT_EQ(focusedName(), "Crosspoint matrix");
+        EXPECT_EQ(focusedName(), "Larger cells");
     }
 }
 
