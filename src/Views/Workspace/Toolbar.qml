@@ -1,35 +1,32 @@
 import QtQuick
 import Corvane.Theme
+import Corvane.Views.Shared
 import Corvane.Views.Workspace
 
-// Which panel is shown and how, and the way to salvos and labels. Its right end is its fixed point.
-Row {
+// Which panel is shown and how, and the way to salvos and labels. In little room first "Salvos" and "Labels" do with their symbols,
+// then the panel's menu does.
+FittingRow {
     id: root
 
     required property ToolbarModel model
-    // What it may take at most; in less room buttons do with their symbols.
-    required property real available
-    readonly property toolbarFit fit: model.fit(available, panels.fullWidth + views.implicitWidth + salvos.fullWidth + labels.fullWidth + 3 * spacing,
-        salvos.fullWidth - salvos.iconWidth + labels.fullWidth - labels.iconWidth)
 
     signal salvosWanted
 
     spacing: GlassKit.controlSpacing
 
     GlassButton {
-        id: panels
-
         radius: GlassKit.rowRadius
         symbol: root.model.content.panelSymbol
         text: root.model.content.panelText
         tip: "Switch panel"
         maximumTextWidth: 140
         opensMenu: true
-        iconOnly: !root.fit.showsPanelText
+        iconOnly: FittingRow.isShort
+        FittingRow.fullWidth: fullWidth
+        FittingRow.shortFrom: 2
+        FittingRow.shortWidth: iconWidth
     }
     SegmentedPicker {
-        id: views
-
         label: "View"
         texts: root.model.viewModeTexts
         currentIndex: root.model.content.viewMode
@@ -37,20 +34,22 @@ Row {
         onChosen: index => root.model.chooseViewMode(index)
     }
     GlassButton {
-        id: salvos
-
         radius: GlassKit.rowRadius
         symbol: "rectangle.stack.badge.play"
         text: "Salvos"
-        iconOnly: !root.fit.showsButtonTexts
+        iconOnly: FittingRow.isShort
+        FittingRow.fullWidth: fullWidth
+        FittingRow.shortFrom: 1
+        FittingRow.shortWidth: iconWidth
         onClicked: root.salvosWanted()
     }
     GlassButton {
-        id: labels
-
         radius: GlassKit.rowRadius
         symbol: "tag"
         text: "Labels"
-        iconOnly: !root.fit.showsButtonTexts
+        iconOnly: FittingRow.isShort
+        FittingRow.fullWidth: fullWidth
+        FittingRow.shortFrom: 1
+        FittingRow.shortWidth: iconWidth
     }
 }

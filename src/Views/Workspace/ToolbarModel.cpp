@@ -15,11 +15,6 @@ void ToolbarModel::chooseViewMode(int position)
         controller()->setViewMode(position == 0 ? RouteViewMode::matrix : RouteViewMode::list);
 }
 
-ToolbarFit ToolbarModel::fit(double available, double whole, double savedByButtons)
-{
-    return {.showsPanelText = whole - savedByButtons <= available, .showsButtonTexts = whole <= available};
-}
-
 void ToolbarModel::refresh()
 {
     const auto panel = controller()->activePanel();

@@ -26,20 +26,6 @@ public:
     bool operator==(const ToolbarContent&) const = default;
 };
 
-/// Which of the toolbar's buttons have their texts; the others do with their symbols.
-struct ToolbarFit {
-    Q_GADGET
-    QML_VALUE_TYPE(toolbarFit)
-    Q_PROPERTY(bool showsPanelText MEMBER showsPanelText FINAL)
-    Q_PROPERTY(bool showsButtonTexts MEMBER showsButtonTexts FINAL)
-
-public:
-    bool showsPanelText = false;
-    bool showsButtonTexts = false;
-
-    bool operator==(const ToolbarFit&) const = default;
-};
-
 /// The toolbar: which panel is shown, and whether as a grid or as a list. It is only there while the router
 /// is connected.
 class ToolbarModel : public ControllerModel {
@@ -56,11 +42,6 @@ public:
     [[nodiscard]] static QStringList viewModeTexts();
 
     Q_INVOKABLE void chooseViewMode(int position);
-
-    /// The first of these that fits `available`: all texts, which take `whole`; the panel's alone, which
-    /// saves `savedByButtons` of that; none.
-    Q_INVOKABLE [[nodiscard]] static corvane::ToolbarFit fit(
-        double available, double whole, double savedByButtons);
 
 protected:
     void refresh() override;

@@ -7,43 +7,36 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-class RenamePromptModelTest : public ViewModelTest<RenamePromptModel> {
-protected:
-    void SetUp() override
-    {
-        ViewModelTest::SetUp();
-        connectTo(matrix(4, 4));
+using RenamePromptModelTest = ViewModelTest<RenamePromptModel>;
+
+TEST_F(RenamePromptModelTest, AsksForThePortThatIsBeingRenamedAndKeepsItsNameOnlyWhenToldTo)
+{
+    struct Case {
+        PortKind kind;
+        QString title;
+        QString draft;
+        void (RenamePromptModel::*answer)();
+        QString name;
+    };
+    const Case cases[] = {
+        {PortKind::source, u"Rename Source"_s, u"In 3"_s, &RenamePromptModel::cancel, u"In 3"_s},
+        {PortKind::source, u"Rename Source"_s, u"In 3"_s, &RenamePromptModel::commitRename, u"Camera"_s},
+        {PortKind::destination, u"Rename Destination"_s, u"Out 3"_s, &RenamePromptModel::commitRename,
+            u"Camera"_s},
+    };
+    connectTo(matrix(4, 4));
+    for (const auto& c : cases) {
+        controller->beginRename(c.kind, 2);
+        EXPECT_TRUE(model.isShown());
+        EXPECT_EQ(model.renameTitle(), c.title);
+        EXPECT_EQ(model.renameDraft(), c.draft);
+        model.setRenameDraft(u"Camera"_s);
+        (model.*c.answer)();
+        EXPECT_FALSE(model.isShown());
+        const auto& state = controller->state();
+        const auto& ports = c.kind == PortKind::source ? state.sources : state.destinations;
+        EXPECT_EQ(ports.at(2).label, c.name);
     }
-};
-
-TEST_F(RenamePromptModelTest, AsksForThePortThatIsBeingRenamed)
-{
-    EXPECT_FALSE(model.isShown());
-    controller->beginRename(PortKind::source, 2);
-    EXPECT_TRUE(model.isShown());
-    EXPECT_EQ(model.renameTitle(), u"Rename Source"_s);
-    EXPECT_EQ(model.renameDraft(), u"In 3"_s);
-    controller->beginRename(PortKind::destination, 0);
-    EXPECT_EQ(model.renameTitle(), u"Rename Destination"_s);
-    EXPECT_EQ(model.renameDraft(), u"Out 1"_s);
-}
-
-TEST_F(RenamePromptModelTest, KeepsTheNameAndCloses)
-{
-    controller->beginRename(PortKind::source, 2);
-    model.setRenameDraft(u"Camera"_s);
-    model.commitRename();
-    EXPECT_FALSE(model.isShown());
-    EXPECT_EQ(controller->state().sources.at(2).label, u"Camera"_s);
-}
-
-TEST_F(RenamePromptModelTest, CancelKeepsTheOldName)
-{
-    controller->beginRename(PortKind::source, 2);
-    model.setRenameDraft(u"Camera"_s);
-    model.cancel();
-    EXPECT_FALSE(model.isShown());
-    EXPECT_EQ(controller->state().sources.at(2).label, u"In 3"_s);
 }
 
 } // namespace

@@ -7,56 +7,48 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+/// What is chosen and what that is for: "Direct: Routes the moment…".
+QString read(const RoutingModeClusterContent& content)
+{
+    QStringList lines{
+        RoutingModeClusterModel::takeModeTexts().at(content.takeMode) + u": "_s + content.takeModeTip};
+    if (content.showsDirection)
+        lines.append(
+            RoutingModeClusterModel::directionTexts().at(content.direction) + u": "_s + content.directionTip);
+    return lines.join(u'\n');
+}
+
 using RoutingModeClusterModelTest = ViewModelTest<RoutingModeClusterModel>;
 
 TEST_F(RoutingModeClusterModelTest, ChoosesWhatItNamesAndExplainsIt)
 {
-    struct Case {
-        QString text;
-        TakeMode mode;
-        QString tip;
+    const auto direct = u"Direct: Routes the moment you choose a source."_s;
+    const auto take = u"Take: Stage a route, then press Take to cut it."_s;
+    const auto xy = u"\nX-Y: Pick a destination, then a source."_s;
+    const auto many = u"\n1 → Many: Pick a source, then tap destinations to send it to each."_s;
+    using Mode = TakeMode;
+    using Direction = RoutingDirection;
+    struct Step {
+        std::function<void()> happens;
+        Mode mode;
+        Direction direction;
+        QString shown;
     };
-    const Case cases[] = {
-        {u"Take"_s, TakeMode::confirm, u"Stage a route, then press Take to cut it."_s},
-        {u"Direct"_s, TakeMode::immediate, u"Routes the moment you choose a source."_s},
+    const Step steps[] = {
+        {[] {}, Mode::immediate, Direction::destinationLed, direct},
+        {[this] { model.chooseTakeMode(1); }, Mode::confirm, Direction::destinationLed, take},
+        {[this] { controller->setViewMode(RouteViewMode::list); }, Mode::confirm, Direction::destinationLed,
+            take + xy},
+        {[this] { model.chooseDirection(1); }, Mode::confirm, Direction::sourceLed, take + many},
+        {[this] { model.chooseTakeMode(0); }, Mode::immediate, Direction::sourceLed, direct + many},
+        {[this] { model.chooseDirection(0); }, Mode::immediate, Direction::destinationLed, direct + xy},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.text.toStdString());
-        const auto position = RoutingModeClusterModel::takeModeTexts().indexOf(c.text);
-        model.chooseTakeMode(static_cast<int>(position));
-        EXPECT_EQ(controller->takeMode(), c.mode);
-        EXPECT_EQ(model.content().takeMode, position);
-        EXPECT_EQ(model.content().takeModeTip, c.tip);
+    for (const auto& step : steps) {
+        step.happens();
+        EXPECT_EQ(controller->takeMode(), step.mode);
+        EXPECT_EQ(controller->routingDirection(), step.direction);
+        EXPECT_EQ(read(model.content()), step.shown);
     }
-}
-
-TEST_F(RoutingModeClusterModelTest, ChoosesTheDirectionItNamesAndExplainsIt)
-{
-    struct Case {
-        QString text;
-        RoutingDirection direction;
-        QString tip;
-    };
-    const Case cases[] = {
-        {u"1 → Many"_s, RoutingDirection::sourceLed,
-            u"Pick a source, then tap destinations to send it to each."_s},
-        {u"X-Y"_s, RoutingDirection::destinationLed, u"Pick a destination, then a source."_s},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.text.toStdString());
-        const auto position = RoutingModeClusterModel::directionTexts().indexOf(c.text);
-        model.chooseDirection(static_cast<int>(position));
-        EXPECT_EQ(controller->routingDirection(), c.direction);
-        EXPECT_EQ(model.content().direction, position);
-        EXPECT_EQ(model.content().directionTip, c.tip);
-    }
-}
-
-TEST_F(RoutingModeClusterModelTest, TheDirectionMattersInTheListOnly)
-{
-    EXPECT_FALSE(model.content().showsDirection);
-    controller->setViewMode(RouteViewMode::list);
-    EXPECT_TRUE(model.content().showsDirection);
 }
 
 } // namespace

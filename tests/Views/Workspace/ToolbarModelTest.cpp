@@ -7,59 +7,46 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-class ToolbarModelTest : public ViewModelTest<ToolbarModel> { };
-
-TEST_F(ToolbarModelTest, IsThereOnlyWhileTheRouterIsConnected)
+/// "rectangle.grid.3x2 Full Router, [Crosspoint] Dropdown"; empty while there is no toolbar.
+QString read(const ToolbarContent& content)
 {
-    EXPECT_FALSE(model.content().isShown);
-    connectTo(matrix(2, 2));
-    EXPECT_TRUE(model.content().isShown);
-    report(driverEvent::Disconnected{});
-    EXPECT_FALSE(model.content().isShown);
+    if (!content.isShown)
+        return {};
+    auto views = ToolbarModel::viewModeTexts();
+    views[content.viewMode] = u"[%1]"_s.arg(views.at(content.viewMode));
+    return u"%1 %2, %3"_s.arg(content.panelSymbol, content.panelText, views.join(u' '));
 }
 
-TEST_F(ToolbarModelTest, NamesThePanelThatIsShown)
+using ToolbarModelTest = ViewModelTest<ToolbarModel>;
+
+TEST_F(ToolbarModelTest, NamesThePanelAndTheViewOfAConnectedRouter)
 {
-    EXPECT_EQ(model.content().panelText, u"Full Router"_s);
-    EXPECT_EQ(model.content().panelSymbol, u"rectangle.grid.3x2"_s);
     SubPanel panel{.name = u"Gallery"_s, .sourceIndices = {0}, .destinationIndices = {0}};
-    controller->savePanel(panel);
-    controller->setActivePanelID(panel.id);
-    EXPECT_EQ(model.content().panelText, u"Gallery"_s);
-    EXPECT_EQ(model.content().panelSymbol, u"rectangle.grid.1x2"_s);
-    panel.name = u"Studio"_s;
-    controller->savePanel(panel);
-    EXPECT_EQ(model.content().panelText, u"Studio"_s);
-    controller->deletePanel(panel);
-    EXPECT_EQ(model.content().panelText, u"Full Router"_s);
-}
-
-TEST_F(ToolbarModelTest, SwitchesBetweenTheGridAndTheList)
-{
-    EXPECT_EQ(ToolbarModel::viewModeTexts(), (QStringList{u"Crosspoint"_s, u"Dropdown"_s}));
-    EXPECT_EQ(model.content().viewMode, 0);
-    model.chooseViewMode(1);
-    EXPECT_EQ(controller->viewMode(), RouteViewMode::list);
-    EXPECT_EQ(model.content().viewMode, 1);
-    model.chooseViewMode(0);
-    EXPECT_EQ(controller->viewMode(), RouteViewMode::matrix);
-}
-
-TEST_F(ToolbarModelTest, DoesWithoutTextsWhereThereIsLittleRoom)
-{
-    struct Case {
-        const char* name;
-        double available;
-        ToolbarFit fit;
+    const auto save = [&](const QString& name) {
+        return [&, name] { panel.name = name, controller->savePanel(panel); };
     };
-    const Case cases[] = {
-        {"all", 500, {true, true}},
-        {"the panel's alone", 499, {true, false}},
-        {"just so", 400, {true, false}},
-        {"none", 399, {false, false}},
+    const auto choose = [this](int view) { return [this, view] { model.chooseViewMode(view); }; };
+    const auto full = u"rectangle.grid.3x2 Full Router, "_s;
+    struct Step {
+        std::function<void()> happens;
+        QString shown;
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(ToolbarModel::fit(c.available, 500, 100), c.fit) << c.name;
+    const Step steps[] = {
+        {[] {}, {}},
+        {[this] { connectTo(matrix(2, 2)); }, full + u"[Crosspoint] Dropdown"_s},
+        {choose(1), full + u"Crosspoint [Dropdown]"_s},
+        {choose(0), full + u"[Crosspoint] Dropdown"_s},
+        {save(u"Gallery"_s), full + u"[Crosspoint] Dropdown"_s},
+        {[&] { controller->setActivePanelID(panel.id); },
+            u"rectangle.grid.1x2 Gallery, [Crosspoint] Dropdown"_s},
+        {save(u"Studio"_s), u"rectangle.grid.1x2 Studio, [Crosspoint] Dropdown"_s},
+        {[&] { controller->deletePanel(panel); }, full + u"[Crosspoint] Dropdown"_s},
+        {[this] { report(driverEvent::Disconnected{}); }, {}},
+    };
+    for (const auto& step : steps) {
+        step.happens();
+        EXPECT_EQ(read(model.content()), step.shown);
+    }
 }
 
 } // namespace
