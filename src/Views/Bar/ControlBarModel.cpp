@@ -32,8 +32,8 @@ QString lockedText(const MatrixController& controller)
     if (locked.isEmpty())
         return {};
     auto staged = controller.pendingDestinations();
-    if (controller.pendingDestination())
-        staged.insert(*controller.pendingDestination());
+    if (const auto one = controller.pendingDestination())
+        staged.insert(*one);
     if (staged.size() == 1)
         return controller.lockMessage(locked.front());
     QStringList names;
