@@ -9,13 +9,10 @@
 #include "Foundation/EventLoopQueue.h"
 #include "Foundation/Task.h"
 
-#include <gmock/gmock.h>
-
 namespace corvane {
 
 namespace {
 
-using namespace Qt::StringLiterals;
 using emulator::EmulatorServer;
 
 TEST(DriverFactory, MakesTheDriverThatSpeaksTheRoutersProtocol)

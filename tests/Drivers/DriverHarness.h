@@ -4,18 +4,11 @@
 #include "support/ManualQueue.h"
 #include "support/Pump.h"
 
-#include <gmock/gmock.h>
-
 #include <optional>
 #include <stdexcept>
 #include <utility>
 
 namespace corvane {
-
-using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 /// Runs a driver's operation that ends without waiting; what it threw, if it did.
 inline std::optional<DriverError> outcome(QCoro::Task<> operation)

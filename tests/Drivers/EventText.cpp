@@ -6,8 +6,6 @@
 
 namespace corvane {
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 std::string portTexts(const QList<Port>& ports, PortKind kind)

@@ -2,10 +2,18 @@
 
 #include "Drivers/Contract/RouterDriver.h"
 
+#include <gmock/gmock.h>
+
 #include <string>
 #include <vector>
 
 namespace corvane {
+
+// What every test of a driver is written with.
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+using testing::IsEmpty;
 
 /// An event in one line, so that tests state what they expect as text and a failure can be read: "route
 /// 0:3=5", "label source 0 Cam 1", "refused {text}". A whole state lists its parts in ascending order; ports

@@ -16,11 +16,7 @@
 
 namespace corvane {
 
-using namespace Qt::StringLiterals;
-
 namespace {
-
-using namespace std::chrono_literals;
 
 template <typename Emulator>
 std::unique_ptr<emulator::EmulatorServer> makeRouter(emulator::EmulatedMatrix& matrix)

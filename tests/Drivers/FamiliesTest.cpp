@@ -1,17 +1,11 @@
 #include "Drivers/Families.h"
 #include "Drivers/Contract/DriverError.h"
 
-#include <gmock/gmock.h>
-
 namespace corvane {
 
 namespace {
 
-using namespace std::chrono_literals;
-using namespace Qt::StringLiterals;
 using emulator::Side;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 const std::string notConnected = DriverError::notConnected().what();
 const std::string noLocks = DriverError::unsupported(feature::locking).what();

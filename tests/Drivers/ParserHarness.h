@@ -5,18 +5,11 @@
 
 #include <QByteArray>
 
-#include <gmock/gmock.h>
-
 #include <functional>
 #include <string>
 #include <vector>
 
 namespace corvane {
-
-using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 using Texts = std::vector<std::string>;
 

@@ -319,6 +319,11 @@ TEST(KumoFace, TalksAndRefuses)
     for (const auto& [query, status] : refusals)
         EXPECT_TRUE(response(query).starts_with("HTTP/1.1 " + status)) << query.toStdString();
     EXPECT_EQ(kumo.mostRequestsAtOnce(), 1);
+    for (const auto* head : {"GET / HTTP/1.0\r\n\r\n", "GET / HTTP/1.1\r\nConnection: close\r\n\r\n"}) {
+        RawClient brief(kumo);
+        brief.send(head);
+        EXPECT_TRUE(pumpUntil([&] { return brief.isClosed(); })) << head;
+    }
     kumo.faults().silent = true;
     client.send(QByteArray("GET / HTTP/1.1\r\n\r\n").repeated(3));
     EXPECT_TRUE(pumpUntil([&] { return kumo.mostRequestsAtOnce() == 3; }));

@@ -63,6 +63,15 @@ TEST(RouterModels, TheSamplesAreADemoAndTwoAddresses)
     EXPECT_NE(sampleRouters().last().id, sampleRouters().last().id);
 }
 
+TEST(RouterModels, AStateTellsWhatFeedsADestinationIfThatIsKnown)
+{
+    RouterState state;
+    state.routing[1].insert(4, 7);
+    EXPECT_EQ(state.source(4, 1), 7);
+    EXPECT_EQ(state.source(5, 1), std::nullopt);
+    EXPECT_EQ(state.source(4, 0), std::nullopt);
+}
+
 TEST(RouterModels, PortsAreKeyedByKindAndIndex)
 {
     EXPECT_EQ((Port{3, PortKind::source, {}}).id(), u"source-3"_s);

@@ -1,6 +1,5 @@
 #include "emulator/HttpRequestReader.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace corvane::emulator {
@@ -20,8 +19,6 @@ HttpRequest readHead(const QList<QByteArray>& head)
         const auto header = line.toLower();
         if (header.startsWith("connection:"))
             request.keepAlive = !header.contains("close");
-        else if (header.startsWith("content-length:"))
-            request.bodySize = std::max(header.mid(header.indexOf(':') + 1).trimmed().toLongLong(), 0LL);
     }
     return request;
 }
@@ -32,9 +29,7 @@ QList<HttpRequest> HttpRequestReader::feed(const QByteArray& bytes)
 {
     QList<HttpRequest> complete;
     for (const char byte : bytes) {
-        if (m_bodyLeft > 0)
-            --m_bodyLeft;
-        else if (byte == '\n')
+        if (byte == '\n')
             endLine(complete);
         else if (byte != '\r' && m_line.size() < longestLine)
             m_line += byte;
@@ -49,7 +44,6 @@ void HttpRequestReader::endLine(QList<HttpRequest>& complete)
     if (!std::exchange(m_line, {}).isEmpty() || m_head.isEmpty())
         return;
     complete << readHead(std::exchange(m_head, {}));
-    m_bodyLeft = complete.last().bodySize;
 }
 
 } // namespace corvane::emulator

@@ -11,10 +11,10 @@ struct HttpRequest {
     QByteArray target;
     /// Whether the client wants to ask more on this connection.
     bool keepAlive = true;
-    qsizetype bodySize = 0;
 };
 
-/// Reads HTTP/1.0 and 1.1 requests one after the other, whatever pieces they come in. Bodies are passed over.
+/// Reads HTTP/1.0 and 1.1 requests one after the other, whatever pieces they come in. A KUMO is
+/// only ever asked; requests have no bodies.
 class HttpRequestReader {
 public:
     QList<HttpRequest> feed(const QByteArray& bytes);
@@ -24,7 +24,6 @@ private:
 
     QByteArray m_line;
     QList<QByteArray> m_head;
-    qsizetype m_bodyLeft = 0;
 };
 
 } // namespace corvane::emulator

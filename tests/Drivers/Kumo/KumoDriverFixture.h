@@ -6,11 +6,8 @@
 #include "emulator/KumoEmulator.h"
 #include "support/Pump.h"
 
-#include <gmock/gmock.h>
-
 namespace corvane {
 
-using namespace Qt::StringLiterals;
 using emulator::EmulatedMatrix;
 using emulator::KumoEmulator;
 using emulator::KumoQuirks;

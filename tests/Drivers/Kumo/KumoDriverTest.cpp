@@ -4,10 +4,6 @@ namespace corvane {
 
 namespace {
 
-using namespace std::chrono_literals;
-using testing::ElementsAre;
-using testing::IsEmpty;
-
 TEST_F(KumoDriverTest, RoutesAndNamesAndSeesWhatOthersDo)
 {
     connect();

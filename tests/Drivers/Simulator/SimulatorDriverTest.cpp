@@ -4,16 +4,9 @@
 #include "Foundation/Task.h"
 #include "support/ManualQueue.h"
 
-#include <gmock/gmock.h>
-
 namespace corvane {
 
 namespace {
-
-using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 RouterConnection simulator(qint64 sources, qint64 destinations)
 {
