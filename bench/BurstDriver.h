@@ -37,6 +37,11 @@ public:
         events().yield(std::move(heard));
     }
 
+    void tally(qint64 destination, qint64 source) const
+    {
+        yield(driverEvent::RouteChanged{0, destination, source});
+    }
+
 private:
     const RouterState m_state;
 };

@@ -137,11 +137,13 @@ TEST_F(PicturesTest, SidebarMenu)
     EXPECT_TRUE(looksAs(u"tests/Pictures/sidebar-menu"_s, screen()));
 }
 
-/// A panel with salvos of its own, one of them in force, one in the way of a lock, and one of the whole router.
+/// A panel with salvos of its own, one of them in force, one in the way of a lock, and one of the whole
+/// router.
 void saveSalvos(MatrixController& router)
 {
     router.saveSalvo(u"House Default"_s, {});
-    const SubPanel studio{QUuid::createUuid(), u"Studio A"_s, {0, 1, 2, 3, 5, 7, 8, 9}, {0, 1, 2, 3, 4, 6, 8, 9}};
+    const SubPanel studio{
+        QUuid::createUuid(), u"Studio A"_s, {0, 1, 2, 3, 5, 7, 8, 9}, {0, 1, 2, 3, 4, 6, 8, 9}};
     router.savePanel(studio);
     router.setActivePanelID(studio.id);
     router.saveSalvo(u"Evening News"_s, studio.id);
@@ -158,11 +160,12 @@ TEST_F(PicturesTest, Salvos)
     saveSalvos(demo());
     const auto keep = [this](const QString& what, Appearance appearance, QSize size) {
         queue.advance(std::chrono::milliseconds(20));
-        const bool isOfGuide = appearance == Appearance::light && size != smallest && what != u"salvo-sheet"_s;
-        const auto name = isOfGuide ? u"docs/pictures/"_s + what
-                                    : u"tests/Pictures/%1%2%3"_s.arg(what,
-                                          size == smallest ? u"-small"_s : QString(),
-                                          appearance == Appearance::dark ? u"-dark"_s : QString());
+        const bool isOfGuide =
+            appearance == Appearance::light && size != smallest && what != u"salvo-sheet"_s;
+        const auto name = isOfGuide
+            ? u"docs/pictures/"_s + what
+            : u"tests/Pictures/%1%2%3"_s.arg(what, size == smallest ? u"-small"_s : QString(),
+                appearance == Appearance::dark ? u"-dark"_s : QString());
         EXPECT_TRUE(looksAs(name, screen()));
     };
     const auto whole = window->size();

@@ -23,7 +23,10 @@ protected:
     {
         return find(QAccessible::ListItem, name);
     }
-    [[nodiscard]] bool says(const QString& text) const { return find(QAccessible::StaticText, text) != nullptr; }
+    [[nodiscard]] bool says(const QString& text) const
+    {
+        return find(QAccessible::StaticText, text) != nullptr;
+    }
     [[nodiscard]] QString focusedName() const
     {
         return focused() ? focused()->text(QAccessible::Name) : u"nothing"_s;
@@ -148,8 +151,8 @@ TEST_F(SalvosTest, ByTheMouse)
     EXPECT_EQ(demo().state().source(0, 0), 0);
     clickOn(u"Update Salvo 1 from current routing"_s);
     clickOn(u"Update"_s);
-    EXPECT_EQ(row(u"Salvo 1"_s)->text(QAccessible::Description),
-        u"Active — matches current routing, 1 locked"_s);
+    EXPECT_EQ(
+        row(u"Salvo 1"_s)->text(QAccessible::Description), u"Active — matches current routing, 1 locked"_s);
     clickOn(u"New Salvo"_s);
     clickOn(u"Save"_s);
     click(Qt::RightButton, *row(u"Salvo 2"_s));
@@ -260,11 +263,41 @@ TEST_F(SalvosTest, ASalvoDeletedElsewhereTakesItsDialogsAlong)
     }
 }
 
+TEST_F(SalvosTest, TheKeyboardGoesThroughTheChipsAndActsOnThem)
+{
+    for (const auto& name : {u"Morning"_s, u"Noon"_s, u"Night"_s})
+        demo().saveSalvo(name, {});
+    follow();
+    focusOn(u"Morning"_s);
+    press(Qt::Key_Right);
+    EXPECT_EQ(focusedName(), u"Noon"_s);
+    press(Qt::Key_Left);
+    EXPECT_EQ(focusedName(), u"Morning"_s);
+    press(Qt::Key_Menu);
+    ASSERT_NE(find(QAccessible::MenuItem, u"Update from Current Routing…"_s), nullptr);
+    press(Qt::Key_Escape);
+    EXPECT_EQ(focusedName(), u"Morning"_s);
+    press(Qt::Key_Space);
+    EXPECT_THAT(dialogs(), ElementsAre("Fire “Morning”?"));
+    press(Qt::Key_Escape);
+    EXPECT_EQ(focusedName(), u"Morning"_s);
+    for (const auto key : {Qt::Key_Delete, Qt::Key_Backspace}) {
+        press(key);
+        EXPECT_THAT(dialogs(), ElementsAre("Delete “Morning”?"));
+        press(Qt::Key_Return);
+        EXPECT_TRUE(dialogs().empty());
+    }
+    EXPECT_EQ(demo().salvos().size(), 3);
+    tabTo(u"Manage salvos"_s);
+    press(Qt::Key_Return);
+    EXPECT_THAT(dialogs(), ElementsAre("Salvos"));
+}
+
 TEST_F(SalvosTest, NamesOfEveryKindStayInTheirPlace)
 {
     window->resize(window->minimumSize());
-    for (const auto& name : {QString(10'000, u'W'), u"استوديو الأخبار الرئيسي"_s, u"<b>“Late” & 'Night'</b>"_s,
-             u"two\nlines\r\nand more"_s, u"\u202Egnihtemos"_s}) {
+    for (const auto& name : {QString(10'000, u'W'), u"استوديو الأخبار الرئيسي"_s,
+             u"<b>“Late” & 'Night'</b>"_s, u"two\nlines\r\nand more"_s, u"\u202Egnihtemos"_s}) {
         SCOPED_TRACE(name.left(20).toStdString());
         // As a file may hold it.
         store->salvoStore().add({QUuid::createUuid(), name, {{0, 0, 5}}, {}, {}}, demo().id());

@@ -27,14 +27,15 @@ Item {
     width: button.width
     Keys.onLeftPressed: moveOn(false)
     Keys.onRightPressed: moveOn(true)
-    Keys.onDeletePressed: event => {
-        if (!event.isAutoRepeat)
-            salvos.askToDelete(index)
-    }
     Keys.onPressed: event => {
-        event.accepted = !event.isAutoRepeat && (event.key === Qt.Key_Menu || (event.key === Qt.Key_F10 && event.modifiers === Qt.ShiftModifier))
-        if (event.accepted)
+        const isMenu = event.key === Qt.Key_Menu || (event.key === Qt.Key_F10 && event.modifiers === Qt.ShiftModifier)
+        // Delete is Backspace on keyboards that have no other.
+        const isDelete = event.key === Qt.Key_Delete || event.key === Qt.Key_Backspace
+        event.accepted = !event.isAutoRepeat && (isMenu || isDelete)
+        if (event.accepted && isMenu)
             menuWanted(Qt.point(width / 2, height))
+        else if (event.accepted)
+            salvos.askToDelete(index)
     }
 
     SalvoWatcher {

@@ -15,7 +15,9 @@ bool touches(const QSet<qint64>& destinations, const Salvo& salvo)
 
 } // namespace
 
-SalvoDiffs::SalvoDiffs(SerialQueue& mainQueue) : m_turn(mainQueue, frame, [this] { followTraffic(); }, frame)
+SalvoDiffs::SalvoDiffs(SerialQueue& mainQueue)
+    : m_turn(
+        mainQueue, frame, [this] { followTraffic(); }, frame)
 {
 }
 

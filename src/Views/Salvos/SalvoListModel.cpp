@@ -104,7 +104,8 @@ RowSpeech SalvoListModel::speech(int row) const
         return {};
     if (const auto spoken = salvoAt(row)) {
         const auto status = look(*spoken).status;
-        const auto locked = status.lockedCount.isEmpty() ? QString() : u", %1 locked"_s.arg(status.lockedCount);
+        const auto locked =
+            status.lockedCount.isEmpty() ? QString() : u", %1 locked"_s.arg(status.lockedCount);
         return {.name = shown->text, .description = status.text + locked};
     }
     return {.name = shown->isPreview() ? shown->preview.text : shown->text,
@@ -142,8 +143,7 @@ MenuAction SalvoListModel::fireAction(const Salvo& salvo)
 
 MenuAction SalvoListModel::updateAction(const Salvo& salvo, const QString& text)
 {
-    return {
-        text, u"camera.viewfinder"_s, [this, id = salvo.id] { m_dialogs.setUpdating(this->salvo(id)); }};
+    return {text, u"camera.viewfinder"_s, [this, id = salvo.id] { m_dialogs.setUpdating(this->salvo(id)); }};
 }
 
 MenuAction SalvoListModel::deleteAction(const Salvo& salvo, const QString& text)

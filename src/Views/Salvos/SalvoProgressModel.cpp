@@ -5,7 +5,8 @@
 namespace corvane {
 
 SalvoProgressModel::SalvoProgressModel(SerialQueue& mainQueue)
-    : m_turn(mainQueue, pace, [this] { refresh(); }, pace)
+    : m_turn(
+        mainQueue, pace, [this] { refresh(); }, pace)
 {
 }
 

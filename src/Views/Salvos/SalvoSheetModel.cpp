@@ -51,8 +51,7 @@ QList<SalvoRow> SalvoSheetModel::makeRows()
     const bool isEmpty = !controller()->activePanel() && controller()->salvos().isEmpty();
     QList<SalvoRow> rows;
     if (!isEmpty && !controller()->isConnected())
-        rows.append(
-            textRow(SalvoRow::Kind::note, note, u"Offline — salvos can be edited but not fired"_s));
+        rows.append(textRow(SalvoRow::Kind::note, note, u"Offline — salvos can be edited but not fired"_s));
     if (!isEmpty)
         rows += mainSection() + fullRouterSection();
     refreshContent(rows, isEmpty);
@@ -97,8 +96,8 @@ QList<SalvoRow> SalvoSheetModel::fullRouterSection() const
     if (!controller()->activePanel() || salvos.isEmpty())
         return {};
     return QList{textRow(SalvoRow::Kind::head, fullRouterHead, u"Full Router"_s)} + salvoRows(salvos)
-        + QList{textRow(SalvoRow::Kind::foot, fullRouterFoot,
-            u"These fire the whole router, not just this panel."_s)};
+        + QList{textRow(
+            SalvoRow::Kind::foot, fullRouterFoot, u"These fire the whole router, not just this panel."_s)};
 }
 
 QList<SalvoRow> SalvoSheetModel::salvoRows(const QList<Salvo>& salvos) const
@@ -119,7 +118,8 @@ QList<SalvoRow> SalvoSheetModel::salvoRows(const QList<Salvo>& salvos) const
 QList<SalvoRow> SalvoSheetModel::previewOf(const Salvo& salvo) const
 {
     QList<SalvoRow> rows;
-    for (const auto lines = salvoTexts::preview(salvo, diff(salvo), *controller()); const auto& line : lines) {
+    for (const auto lines = salvoTexts::preview(salvo, diff(salvo), *controller());
+         const auto& line : lines) {
         SalvoRow row;
         row.kind = SalvoRow::Kind::preview;
         row.id = salvo.id;

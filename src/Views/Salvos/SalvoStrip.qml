@@ -22,8 +22,6 @@ FocusScope {
         anchors.right: parent.right
         anchors.leftMargin: GlassKit.sideMargin
         anchors.rightMargin: GlassKit.sideMargin + buttons.width + GlassKit.controlSpacing
-        // The ring around a chip stays whole.
-        y: 0
         height: parent.height
         orientation: ListView.Horizontal
         spacing: GlassKit.controlSpacing
@@ -40,6 +38,8 @@ FocusScope {
         }
     }
     SpokenText {
+        id: noneYet
+
         anchors.verticalCenter: parent.verticalCenter
         x: GlassKit.sideMargin
         width: Math.min(implicitWidth, chips.width)
@@ -49,7 +49,7 @@ FocusScope {
     Row {
         id: buttons
 
-        readonly property real wanted: root.model.content.noneYet === "" ? chips.contentWidth : Math.min(noneYetMetrics.advanceWidth, chips.width)
+        readonly property real wanted: root.model.content.noneYet === "" ? chips.contentWidth : noneYet.width
 
         anchors.verticalCenter: parent.verticalCenter
         x: GlassKit.sideMargin + Math.min(chips.width, wanted) + (wanted > 0 ? GlassKit.controlSpacing : 0)
@@ -76,12 +76,6 @@ FocusScope {
             isCompact: true
             model: root.model.progress
         }
-    }
-    TextMetrics {
-        id: noneYetMetrics
-
-        font: GlassKit.bodyFont
-        text: root.model.content.noneYet
     }
     // Made when first asked for.
     Loader {

@@ -32,8 +32,8 @@ void SalvoStripModel::refreshContent()
     if (controller()) {
         const auto panel = controller()->activePanel();
         content = {.isShown = controller()->isConnected() && controller()->showsSalvoStrip(),
-            .noneYet = panel && controller()->visibleSalvos().isEmpty() ? salvoTexts::noneYet(*panel)
-                                                                       : QString(),
+            .noneYet =
+                panel && controller()->visibleSalvos().isEmpty() ? salvoTexts::noneYet(*panel) : QString(),
             .newTip = panel ? u"New salvo in %1"_s.arg(text::oneLine(panel->name)) : u"New salvo"_s};
     }
     if (std::exchange(m_content, content) != content)

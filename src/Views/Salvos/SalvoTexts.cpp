@@ -256,8 +256,8 @@ QString newSalvoMessage(const std::optional<SubPanel>& panel, bool countsDestina
         return u"Captures every destination's current source on all levels. "
                "Saving with an existing name updates that salvo."_s;
     const auto count = panel->destinationIndices.size();
-    const auto destinations = countsDestinations ? u"%1 destinations, on all levels"_s.arg(count)
-                                                 : u"destinations"_s;
+    const auto destinations =
+        countsDestinations ? u"%1 destinations, on all levels"_s.arg(count) : u"destinations"_s;
     return u"Captures the current source for each of “%1”'s %2. Firing changes only those destinations. "
            "Saving with a name already used on this panel updates that salvo."_s.arg(
                text::oneLine(panel->name), destinations);

@@ -151,6 +151,23 @@ TEST_F(SalvoTextsTest, WordsEachDiff)
         u"Offline — salvos can be edited but not fired."_s);
 }
 
+TEST_F(SalvoTextsTest, AsksForANewSalvoInTheWordsOfItsPlace)
+{
+    const SubPanel studio{.name = u"Studio\n1"_s, .sourceIndices = {}, .destinationIndices = {4}};
+    const auto whole = u"Captures every destination's current source on all levels. "
+                       "Saving with an existing name updates that salvo."_s;
+    EXPECT_EQ(salvoTexts::newSalvoMessage({}, false), whole);
+    EXPECT_EQ(salvoTexts::newSalvoMessage({}, true), whole);
+    EXPECT_EQ(salvoTexts::newSalvoMessage(studio, false),
+        u"Captures the current source for each of “Studio 1”'s destinations. "
+        "Firing changes only those destinations. "
+        "Saving with a name already used on this panel updates that salvo."_s);
+    EXPECT_EQ(salvoTexts::newSalvoMessage(studio, true),
+        u"Captures the current source for each of “Studio 1”'s 1 destinations, on all levels. "
+        "Firing changes only those destinations. "
+        "Saving with a name already used on this panel updates that salvo."_s);
+}
+
 TEST_F(SalvoTextsTest, NamesTheLevelOnlyWhereThereAreSeveral)
 {
     connectTo(matrix(3, 3));
