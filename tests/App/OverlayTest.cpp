@@ -163,6 +163,23 @@ TEST_F(OverlayTest, NoPressOnTheBarReachesWhatLiesBeneath)
             }
 }
 
+TEST_F(OverlayTest, ABarThatIsCalledBackAtOnceStandsWhereItStood)
+{
+    const auto resize = [this](int width) {
+        window->resize(width, 560);
+        QCoreApplication::processEvents();
+        (void)window->grabWindow();
+    };
+    demo().setTakeMode(TakeMode::confirm);
+    resize(1180);
+    settle();
+    const auto before = window->grabWindow();
+    resize(860);
+    resize(1180);
+    settle();
+    EXPECT_TRUE(window->grabWindow() == before);
+}
+
 TEST_F(OverlayTest, ThePressThatClosesAMenuDoesNothingElse)
 {
     const auto before = onAir();

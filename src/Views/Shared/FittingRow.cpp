@@ -26,11 +26,19 @@ double wantedHeight(const QQuickItem& item)
     return item.implicitHeight() > 0 ? item.implicitHeight() : item.height();
 }
 
-/// As QML would write it, so that a `Behavior` of the item sees it.
-void write(QQuickItem& item, const char* property, double value)
+/// As QML would write it, so that a `Behavior` of the item sees it; even if the item is there already, for it
+/// may be on its way elsewhere.
+void move(QQuickItem& item, double x, double y)
 {
-    if (item.property(property) != value)
-        item.setProperty(property, value);
+    item.setProperty("x", x);
+    item.setProperty("y", y);
+}
+
+/// An item that has its implicit width anyway keeps following it.
+void resize(QQuickItem& item, double width)
+{
+    if (item.width() != width)
+        item.setWidth(width);
 }
 
 } // namespace
@@ -215,9 +223,8 @@ void FittingRow::placeLine(const Line& line, const Parts& parts, QPointF at, dou
         const double middle = at.y() + std::floor((height - wantedHeight(*item)) / 2);
         const double y = wishes->onBaseline ? baseline - item->baselineOffset() : middle;
         baseline = y + item->baselineOffset();
-        write(*item, "x", x);
-        write(*item, "y", y);
-        write(*item, "width", partWidth);
+        move(*item, x, y);
+        resize(*item, partWidth);
         x += partWidth + m_spacing;
         left -= partWidth + m_spacing;
     }
