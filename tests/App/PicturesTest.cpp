@@ -186,6 +186,48 @@ TEST_F(PicturesTest, Salvos)
     }
 }
 
+TEST_F(PicturesTest, Panels)
+{
+    const auto press = [this](QAccessible::Role role, const QString& name) {
+        act(find(role, name), QAccessibleActionInterface::pressAction());
+    };
+    const auto keep = [this](const QString& what, Appearance appearance, QSize size) {
+        queue.advance(std::chrono::seconds(1));
+        const bool isOfGuide = appearance == Appearance::light && size != smallest;
+        EXPECT_TRUE(looksAs(isOfGuide
+                ? u"docs/pictures/"_s + what
+                : u"tests/Pictures/%1%2%3"_s.arg(what, size == smallest ? u"-small"_s : QString(),
+                    appearance == Appearance::dark ? u"-dark"_s : QString()),
+            screen()));
+    };
+    const auto whole = window->size();
+    press(QAccessible::Button, u"Full Router"_s);
+    press(QAccessible::MenuItem, u"New Panel…"_s);
+    press(QAccessible::Button, u"Cancel"_s);
+    const SubPanel studio{QUuid::createUuid(), u"Studio A"_s, {0, 1, 2, 3, 8, 9, 39}, {1, 4}};
+    for (const auto& panel : {studio, SubPanel{QUuid::createUuid(), u"Gallery"_s, {0, 1}, {0, 1}},
+             SubPanel{QUuid::createUuid(), u"A very long name for the panel of the outside broadcast truck"_s,
+                 {0, 1}, {0, 1}},
+             SubPanel{QUuid::createUuid(), u"Master Control"_s, {3}, {3}}})
+        demo().savePanel(panel);
+    demo().setActivePanelID(studio.id);
+    for (const auto appearance : {Appearance::light, Appearance::dark}) {
+        for (const auto size : {whole, smallest}) {
+            wear(appearance);
+            window->resize(size);
+            keep(u"panel-tabs"_s, appearance, size);
+            press(QAccessible::Button, u"Studio A"_s);
+            keep(u"panel-menu"_s, appearance, size);
+            press(QAccessible::MenuItem, u"Edit Panels…"_s);
+            keep(u"panel-manager"_s, appearance, size);
+            press(QAccessible::Button, u"Edit…"_s);
+            keep(u"panel-editor"_s, appearance, size);
+            this->press(Qt::Key_Escape);
+            this->press(Qt::Key_Escape);
+        }
+    }
+}
+
 TEST_F(PicturesTest, NoRouters)
 {
     window->resize(smallest);

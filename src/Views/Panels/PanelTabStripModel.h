@@ -24,6 +24,8 @@ public:
     /// What a tab's menu offers, for QML, and its choice by the text.
     Q_INVOKABLE [[nodiscard]] QVariantList menuOf(int row) { return toVariants(menu(row)); }
     Q_INVOKABLE void chooseInMenu(int row, const QString& text) { runAction(menu(row), text); }
+    /// What a key does at a tab; returns whether it does anything. `key` is a `Qt::Key`.
+    Q_INVOKABLE bool runKey(int row, int key) { return runAction(menu(row), static_cast<Qt::Key>(key)); }
 
     [[nodiscard]] int startRow() const override;
     [[nodiscard]] QList<MenuAction> menu(int row) override;

@@ -19,4 +19,13 @@ void runAction(const QList<MenuAction>& offered, const QString& text)
         wanted->run();
 }
 
+bool runAction(const QList<MenuAction>& offered, QKeyCombination key)
+{
+    const auto wanted = std::ranges::find(offered, key, &MenuAction::key);
+    if (wanted == offered.cend() || !wanted->isEnabled || !wanted->run)
+        return false;
+    wanted->run();
+    return true;
+}
+
 } // namespace corvane

@@ -43,5 +43,7 @@ public:
 
 /// Runs the action of `offered` that says `text`; does nothing if there is none that is enabled.
 void runAction(const QList<MenuAction>& offered, const QString& text);
+/// The same for the one that has this key; returns whether there was one.
+bool runAction(const QList<MenuAction>& offered, QKeyCombination key);
 
 } // namespace corvane

@@ -260,23 +260,13 @@ bool RowArea::actOnKey(const QKeyEvent& event)
         m_model->press(row);
         return true;
     }
-    return runActionOf(key);
+    return runAction(m_model->actions(currentRow()), key);
 }
 
 bool RowArea::pressesRow(int key) const
 {
     const bool isReturn = key == Qt::Key_Return || key == Qt::Key_Enter;
     return key == Qt::Key_Space || (isReturn && m_returnPresses);
-}
-
-bool RowArea::runActionOf(QKeyCombination key)
-{
-    const auto offered = m_model->actions(currentRow());
-    const auto wanted = std::ranges::find(offered, key, &MenuAction::key);
-    if (wanted == offered.cend() || !wanted->isEnabled || !wanted->run)
-        return false;
-    wanted->run();
-    return true;
 }
 
 void RowArea::focusInEvent(QFocusEvent* event)

@@ -122,7 +122,6 @@ private:
     [[nodiscard]] int reachable(int wanted, int direction) const;
     [[nodiscard]] bool actOnKey(const QKeyEvent& event);
     [[nodiscard]] bool pressesRow(int key) const;
-    [[nodiscard]] bool runActionOf(QKeyCombination key);
     void point(int row);
     void setKeyboardLed(bool isLed);
     void followMenu();

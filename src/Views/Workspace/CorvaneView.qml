@@ -1,5 +1,6 @@
 import QtQuick
 import Corvane.Theme
+import Corvane.Views.Panels
 import Corvane.Views.Salvos
 import Corvane.Views.Workspace
 
@@ -48,6 +49,10 @@ FocusScope {
             model: root.model.rename
             visible: true
         }
+    }
+    PanelDialogHost {
+        model: root.model.panels
+        workspace: root
     }
     SalvoDialogHost {
         dialogs: root.model.salvoStrip.dialogs

@@ -40,6 +40,7 @@ CorvaneViewModel::CorvaneViewModel(
       m_prompt(environment.theme),
       m_banner(environment.mainQueue, environment.theme),
       m_rename(environment.theme),
+      m_panels(environment.theme),
       m_salvoStrip(environment.mainQueue),
       m_salvoSheet(environment.mainQueue)
 {
@@ -53,7 +54,7 @@ void CorvaneViewModel::setController(MatrixController* newController)
     if (newController == controller())
         return;
     for (ControllerModel* part : std::initializer_list<ControllerModel*>{
-             &m_toolbar, &m_header, &m_modes, &m_controlBar, &m_prompt, &m_banner, &m_rename})
+             &m_toolbar, &m_header, &m_modes, &m_controlBar, &m_prompt, &m_banner, &m_rename, &m_panels})
         part->setController(newController);
     m_salvoStrip.setController(newController);
     ControllerModel::setController(newController);

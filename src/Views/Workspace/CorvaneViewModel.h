@@ -3,6 +3,7 @@
 #include "Views/Bar/ControlBarModel.h"
 #include "Views/Grid/CrosspointGridModel.h"
 #include "Views/List/DestinationListModel.h"
+#include "Views/Panels/PanelsModel.h"
 #include "Views/Salvos/SalvoSheetModel.h"
 #include "Views/Salvos/SalvoStripModel.h"
 #include "Views/Workspace/ConnectPromptModel.h"
@@ -63,6 +64,7 @@ class CorvaneViewModel : public ControllerModel {
     Q_PROPERTY(corvane::ErrorBannerModel* banner READ banner CONSTANT FINAL)
     Q_PROPERTY(corvane::RenamePromptModel* rename READ rename CONSTANT FINAL)
     Q_PROPERTY(corvane::SalvoStripModel* salvoStrip READ salvoStrip CONSTANT FINAL)
+    Q_PROPERTY(corvane::PanelsModel* panels READ panels CONSTANT FINAL)
     /// Works only while it is shown.
     Q_PROPERTY(corvane::SalvoSheetModel* salvoSheet READ salvoSheet CONSTANT FINAL)
     Q_PROPERTY(bool showingSalvos READ showingSalvos WRITE setShowingSalvos NOTIFY showingSalvosChanged FINAL)
@@ -99,6 +101,7 @@ public:
     [[nodiscard]] ConnectPromptModel* prompt() { return &m_prompt; }
     [[nodiscard]] ErrorBannerModel* banner() { return &m_banner; }
     [[nodiscard]] RenamePromptModel* rename() { return &m_rename; }
+    [[nodiscard]] PanelsModel* panels() { return &m_panels; }
     [[nodiscard]] SalvoStripModel* salvoStrip() { return &m_salvoStrip; }
     [[nodiscard]] SalvoSheetModel* salvoSheet() { return &m_salvoSheet; }
     [[nodiscard]] bool showingSalvos() const { return m_showingSalvos; }
@@ -136,6 +139,7 @@ private:
     ConnectPromptModel m_prompt;
     ErrorBannerModel m_banner;
     RenamePromptModel m_rename;
+    PanelsModel m_panels;
     SalvoStripModel m_salvoStrip;
     SalvoSheetModel m_salvoSheet;
     bool m_showingSalvos = false;

@@ -19,6 +19,7 @@ EmptyState {
         ProminentButton {
             text: "Edit Panel…"
             focus: true
+            onClicked: root.model.panels.editActivePanel()
         }
         GlassButton {
             text: "Show Full Router"

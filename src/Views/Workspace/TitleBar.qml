@@ -20,24 +20,20 @@ Item {
         anchors.rightMargin: GlassKit.sideMargin
         spacing: 2
 
-        PlainText {
+        SpokenText {
             id: title
 
             width: parent.width
             text: root.model.content.title
             font: GlassKit.titleFont
             Accessible.role: Accessible.Heading
-            Accessible.name: text
         }
-        PlainText {
+        SpokenText {
             width: parent.width
             visible: text !== ""
             text: root.model.content.subtitle
             font: GlassKit.captionFont
             color: GlassKit.colors.secondary
-            Accessible.role: Accessible.StaticText
-            Accessible.name: text
-            Accessible.ignored: !visible
         }
     }
     Loader {
@@ -49,6 +45,7 @@ Item {
         active: root.model.toolbar.content.isShown
         sourceComponent: Toolbar {
             model: root.model.toolbar
+            panels: root.model.panels
             onSalvosWanted: root.model.showingSalvos = true
             available: root.width - 3 * GlassKit.sideMargin - root.leastTitle
         }

@@ -1,5 +1,6 @@
 import QtQuick
 import Corvane.Theme
+import Corvane.Views.Panels
 import Corvane.Views.Shared
 import Corvane.Views.Workspace
 
@@ -9,12 +10,15 @@ FittingRow {
     id: root
 
     required property ToolbarModel model
+    required property PanelsModel panels
 
     signal salvosWanted
 
     spacing: GlassKit.controlSpacing
 
     GlassButton {
+        id: panelButton
+
         radius: GlassKit.rowRadius
         symbol: root.model.content.panelSymbol
         text: root.model.content.panelText
@@ -25,6 +29,20 @@ FittingRow {
         FittingRow.fullWidth: fullWidth
         FittingRow.shortFrom: 2
         FittingRow.shortWidth: iconWidth
+        onClicked: {
+            panelMenu.active = true
+            panelMenu.item.popup(panelButton, 0, height + 4)
+        }
+
+        // Made when first asked for.
+        Loader {
+            id: panelMenu
+
+            active: false
+            sourceComponent: PanelMenuContent {
+                model: root.panels
+            }
+        }
     }
     SegmentedPicker {
         label: "View"

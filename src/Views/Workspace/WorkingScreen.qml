@@ -3,6 +3,7 @@ import Corvane.Theme
 import Corvane.Views.Bar
 import Corvane.Views.Grid
 import Corvane.Views.List
+import Corvane.Views.Panels
 import Corvane.Views.Salvos
 import Corvane.Views.Workspace
 
@@ -40,10 +41,22 @@ FocusScope {
         }
     }
     Loader {
-        id: salvoStrip
+        id: panelTabs
 
         anchors.top: headerRow.bottom
-        anchors.topMargin: active ? 8 : 4
+        anchors.topMargin: active ? 6 : 0
+        width: parent.width
+        height: active ? implicitHeight : 0
+        active: root.model.panels.content.hasPanels
+        sourceComponent: PanelTabStrip {
+            model: root.model.panels
+        }
+    }
+    Loader {
+        id: salvoStrip
+
+        anchors.top: panelTabs.bottom
+        anchors.topMargin: panelTabs.active ? 4 : active ? 8 : 4
         width: parent.width
         height: active ? implicitHeight : 0
         active: root.model.salvoStrip.content.isShown
