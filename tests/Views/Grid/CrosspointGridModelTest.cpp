@@ -87,8 +87,9 @@ TEST(LabelWidths, MeasuresNoMoreOfALabelThanCouldBeDrawn)
     EXPECT_EQ(visiblePart(QString(255, u'i') + u"😀😀"_s).size(), 255) << "no character is cut in two";
 }
 
-TEST_F(CrosspointGridModelTest, IsEmptyAndSmallOnceTheRouterIsGone)
+TEST_F(CrosspointGridModelTest, IsEmptyAndSmallWithoutARouter)
 {
+    EXPECT_EQ(model.destWidth(), 138);
     show(matrix(2, 2));
     controller.reset();
     EXPECT_EQ(model.controller(), nullptr);
@@ -232,6 +233,8 @@ TEST_F(CrosspointGridModelTest, TellsWhatAChangeTouches)
         {"a signal", by(driverEvent::InputStatusChanged{2, InputSignalStatus{}}), {"column 1"}},
         {"a hidden source's signal", by(driverEvent::InputStatusChanged{0, InputSignalStatus{}}), {}},
         {"a name", by(driverEvent::LabelChanged{PortKind::source, 1, u"Cam"_s}), {"looks"}},
+        {"a hidden source's name, which may feed a row",
+            by(driverEvent::LabelChanged{PortKind::source, 0, u"Off"_s}), {"looks"}},
         {"other routes", by(driverEvent::StateReplaced{otherRoutes}), {"looks"}},
         {"a staged destination", [this] { stage(2, std::nullopt); }, {"looks"}},
         {"another level", [this] { controller->setPrimaryLevel(1); }, {"looks"}},

@@ -123,6 +123,7 @@ TYPED_TEST(PaneModelTest, AnythingBeyondTheRowsDoesNothing)
         EXPECT_EQ(pane.speech(beyond), RowSpeech{});
         EXPECT_FALSE(pane.data(pane.index(beyond), PaneModel::rowRole).isValid());
     }
+    pane.performHeaderAction(static_cast<int>(pane.content().headerActions.size()));
     EXPECT_EQ(this->told(), Calls{});
     EXPECT_EQ(this->controller->renameTarget(), std::nullopt);
 }

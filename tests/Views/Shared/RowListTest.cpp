@@ -243,6 +243,10 @@ TEST_F(RowListTest, TheKeyboardAndTheMenuStayWithTheirRow)
     EXPECT_EQ(model->done(), Done{"press Row 6"}) << "before anything is drawn";
     model->setNames({u"Row 7"_s});
     EXPECT_EQ(current(), "Row 7");
+    model->setNames({u"Row 7"_s, u"Row 8"_s, u"Row 9"_s});
+    area->setCurrentRow(1);
+    model->setNames({u"Row 7"_s, u"Row 9"_s});
+    EXPECT_EQ(current(), "Row 9") << "in its place";
 }
 
 TEST_F(RowListTest, AMenuFollowsWhatItsRowOffersAndDoesNothingElse)
