@@ -11,7 +11,7 @@ namespace corvane {
 ///
 /// What is chosen is ascending and without repetition, and keeps ports that the router hasn't got. Main
 /// thread.
-class PanelAxisModel final : public KeyedRowListModel<PanelPortRow> {
+class PanelAxisModel : public KeyedRowListModel<PanelPortRow> {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Belongs to a PanelEditorModel")

@@ -29,7 +29,7 @@ public:
 /// Edits a copy of a panel; the controller gets it with `commit` and not before.
 ///
 /// What becomes of the router meanwhile changes which ports are listed, never what is chosen.
-class PanelEditorModel final : public ControllerModel {
+class PanelEditorModel : public ControllerModel {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Belongs to a PanelsModel")

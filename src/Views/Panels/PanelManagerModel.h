@@ -5,7 +5,7 @@
 namespace corvane {
 
 /// The list of panels in which they are put in order, edited, duplicated and deleted.
-class PanelManagerModel final : public PanelListModel {
+class PanelManagerModel : public PanelListModel {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Belongs to a PanelsModel")

@@ -8,7 +8,7 @@ namespace corvane {
 /// screens show.
 ///
 /// `rowWanted` asks for the tab of a panel that has become active, from whatever cause.
-class PanelTabStripModel final : public PanelListModel {
+class PanelTabStripModel : public PanelListModel {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Belongs to a PanelsModel")

@@ -28,7 +28,7 @@ public:
 
 /// All that a router's workspace has to do with panels: tabs, manager, editor, and the question before one is
 /// deleted.
-class PanelsModel final : public ControllerModel {
+class PanelsModel : public ControllerModel {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Belongs to a CorvaneViewModel")

@@ -9,7 +9,7 @@ Item {
     required property int index
     required property salvoRow row
     required property salvoLook look
-    required property SalvoStripModel salvos
+    required property SalvoListModel salvos
     readonly property color green: GlassKit.colors.tintText(GlassKit.colors.green)
     readonly property var actions: salvos.menuOf(index)
 

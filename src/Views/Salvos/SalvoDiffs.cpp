@@ -123,10 +123,10 @@ void SalvoWatcher::setDiffs(SalvoDiffs* diffs)
     emit changed();
 }
 
-void SalvoWatcher::setSalvo(const QUuid& salvo)
+void SalvoWatcher::setSalvo(const QString& salvo)
 {
     end();
-    m_salvo = salvo;
+    m_salvo = QUuid(salvo);
     begin();
     emit changed();
 }

@@ -34,6 +34,7 @@ public:
     /// As often as it is watched it has to be unwatched.
     void watch(const QUuid& salvo);
     void unwatch(const QUuid& salvo);
+    [[nodiscard]] bool isWatched(const QUuid& salvo) const { return m_watched.contains(salvo); }
 
 signals:
     /// What is said of this watched salvo may be different.
@@ -62,7 +63,8 @@ class SalvoWatcher : public QObject {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(corvane::SalvoDiffs* diffs READ diffs WRITE setDiffs NOTIFY changed FINAL)
-    Q_PROPERTY(QUuid salvo READ salvo WRITE setSalvo NOTIFY changed FINAL)
+    /// Its id.
+    Q_PROPERTY(QString salvo READ salvo WRITE setSalvo NOTIFY changed FINAL)
     Q_PROPERTY(bool isWatching READ isWatching WRITE setWatching NOTIFY changed FINAL)
 
 public:
@@ -71,8 +73,8 @@ public:
 
     [[nodiscard]] SalvoDiffs* diffs() const { return m_diffs; }
     void setDiffs(SalvoDiffs* diffs);
-    [[nodiscard]] const QUuid& salvo() const { return m_salvo; }
-    void setSalvo(const QUuid& salvo);
+    [[nodiscard]] QString salvo() const { return m_salvo.toString(); }
+    void setSalvo(const QString& salvo);
     [[nodiscard]] bool isWatching() const { return m_isWatching; }
     void setWatching(bool isWatching);
 

@@ -36,15 +36,28 @@ void SalvoListModel::setController(MatrixController* newController)
 void SalvoListModel::reload()
 {
     setRows(m_controller ? makeRows() : QList<SalvoRow>());
-    for (int row = 0; row < rowCount(); ++row)
-        if (rows().at(row).isSalvo())
-            emit dataChanged(index(row), index(row), {lookRole});
+    tellOfAll();
 }
 
-void SalvoListModel::tellOf(const QUuid& salvo)
+void SalvoListModel::tellOfAll()
 {
-    if (const auto row = rowOf({salvo, 0}))
-        emit dataChanged(index(*row), index(*row), {lookRole});
+    const auto asked = m_looks.keys();
+    for (const auto& salvo : asked) {
+        if (m_diffs.isWatched(salvo))
+            tellOf(salvo);
+        else
+            m_looks.remove(salvo);
+    }
+}
+
+void SalvoListModel::tellOf(const QUuid& id)
+{
+    const auto row = rowOf({id, 0});
+    const auto shown = row ? salvoAt(*row) : std::nullopt;
+    const auto before = m_looks.constFind(id);
+    if (!shown || (before != m_looks.cend() && *before == look(*shown)))
+        return;
+    emit dataChanged(index(*row), index(*row), {lookRole});
 }
 
 std::optional<Salvo> SalvoListModel::salvo(const QUuid& id) const
@@ -87,7 +100,9 @@ QVariant SalvoListModel::data(const QModelIndex& index, int role) const
         return QVariant::fromValue(*row);
     if (role == lookRole) {
         const auto shown = salvoAt(index.row());
-        return QVariant::fromValue(shown ? look(*shown) : SalvoLook());
+        if (!shown)
+            return QVariant::fromValue(SalvoLook());
+        return QVariant::fromValue(m_looks[shown->id] = look(*shown));
     }
     return role == Qt::DisplayRole ? QVariant(row->text) : QVariant();
 }

@@ -39,6 +39,11 @@ public:
     /// What the buttons of a salvo do.
     Q_INVOKABLE void fire(int row);
     Q_INVOKABLE void update(int row);
+    /// What the delete key does.
+    Q_INVOKABLE void askToDelete(int row) { m_dialogs.setDeleting(salvoAt(row)); }
+    /// The menu for QML, and what one of its actions does.
+    Q_INVOKABLE [[nodiscard]] QVariantList menuOf(int row) { return toVariants(menu(row)); }
+    Q_INVOKABLE void choose(int row, const QString& text) { runAction(menu(row), text); }
 
 protected:
     SalvoListModel(SerialQueue& mainQueue, SalvoDialogs::Place place);
@@ -60,11 +65,14 @@ protected:
     [[nodiscard]] MenuAction deleteAction(const Salvo& salvo, const QString& text);
 
 private:
-    void tellOf(const QUuid& salvo);
+    void tellOf(const QUuid& id);
+    void tellOfAll();
 
     QPointer<MatrixController> m_controller;
     /// Asking for a diff keeps it.
     mutable SalvoDiffs m_diffs;
+    /// As they were last asked for.
+    mutable QHash<QUuid, SalvoLook> m_looks;
     SalvoDialogs m_dialogs;
     SalvoProgressModel m_progress;
 };

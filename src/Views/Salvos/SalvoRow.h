@@ -12,7 +12,8 @@ namespace corvane {
 struct SalvoRow {
     Q_GADGET
     QML_VALUE_TYPE(salvoRow)
-    Q_PROPERTY(QUuid id MEMBER id FINAL)
+    /// In QML as text.
+    Q_PROPERTY(QString id READ idText FINAL)
     Q_PROPERTY(bool isSalvo READ isSalvo FINAL)
     Q_PROPERTY(bool isPreview READ isPreview FINAL)
     Q_PROPERTY(bool isHead READ isHead FINAL)
@@ -50,6 +51,7 @@ public:
     bool isLast = false;
     SalvoPreviewLine preview;
 
+    [[nodiscard]] QString idText() const { return id.toString(); }
     [[nodiscard]] bool isSalvo() const { return kind == Kind::salvo; }
     [[nodiscard]] bool isPreview() const { return kind == Kind::preview; }
     [[nodiscard]] bool isHead() const { return kind == Kind::head; }

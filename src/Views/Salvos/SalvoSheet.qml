@@ -8,6 +8,7 @@ GlassSheet {
     id: root
 
     required property SalvoSheetModel model
+    readonly property SalvoListModel salvos: model as SalvoListModel
     readonly property salvoSheetContent shown: model.content
     readonly property SalvoRowSizes sizes: SalvoRowSizes {}
 
@@ -18,7 +19,7 @@ GlassSheet {
             radius: GlassKit.rowRadius
             symbol: "plus"
             text: "New Salvo"
-            onClicked: root.model.dialogs.beginNew()
+            onClicked: root.salvos.dialogs.beginNew()
         },
         GlassButton {
             radius: GlassKit.rowRadius
@@ -31,7 +32,7 @@ GlassSheet {
         id: progress
 
         width: parent.width
-        model: root.model.progress
+        model: root.salvos.progress
     }
     RowList {
         id: list
@@ -47,7 +48,7 @@ GlassSheet {
         sidePadding: 10
         bottomPadding: 10
         delegate: SalvoSheetRow {
-            salvos: root.model
+            salvos: root.salvos
             sizes: root.sizes
         }
         add: Transition {
@@ -82,12 +83,12 @@ GlassSheet {
                 anchors.horizontalCenter: parent.horizontalCenter
                 text: "Save Current Routing"
                 focus: true
-                onClicked: root.model.dialogs.beginNew()
+                onClicked: root.salvos.dialogs.beginNew()
             }
         }
     }
     SalvoDialogHost {
-        dialogs: root.model.dialogs
+        dialogs: root.salvos.dialogs
     }
     Loader {
         active: root.model.isRenaming

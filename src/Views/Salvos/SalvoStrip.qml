@@ -8,6 +8,7 @@ FocusScope {
     id: root
 
     required property SalvoStripModel model
+    readonly property SalvoListModel salvos: model as SalvoListModel
 
     signal managerOpened
 
@@ -32,7 +33,7 @@ FocusScope {
         model: root.model
         delegate: SalvoChip {
             height: chips.height
-            salvos: root.model
+            salvos: root.salvos
             onShown: chips.positionViewAtIndex(index, ListView.Contain)
             onMenuWanted: point => menu.open(this, point)
         }
@@ -60,7 +61,7 @@ FocusScope {
             fill: "transparent"
             tip: root.model.content.newTip
             Accessible.name: root.model.content.newTip
-            onClicked: root.model.dialogs.beginNew()
+            onClicked: root.salvos.dialogs.beginNew()
         }
         GlassButton {
             symbol: "slider.horizontal.3"
@@ -74,7 +75,7 @@ FocusScope {
             width: Math.min(220, root.width - buttons.x - GlassKit.sideMargin - 80)
             anchors.verticalCenter: parent.verticalCenter
             isCompact: true
-            model: root.model.progress
+            model: root.salvos.progress
         }
     }
     // Made when first asked for.

@@ -37,11 +37,6 @@ public:
 
     [[nodiscard]] QList<MenuAction> menu(int row) override;
     void press(int row) override { fire(row); }
-    /// The same for QML, and what one of them does.
-    Q_INVOKABLE [[nodiscard]] QVariantList menuOf(int row) { return toVariants(menu(row)); }
-    /// The delete key.
-    Q_INVOKABLE void askToDelete(int row) { dialogs()->setDeleting(salvoAt(row)); }
-    Q_INVOKABLE void choose(int row, const QString& text) { runAction(menu(row), text); }
 
 signals:
     void contentChanged();

@@ -55,7 +55,7 @@ FocusScope {
         workspace: root
     }
     SalvoDialogHost {
-        dialogs: root.model.salvoStrip.dialogs
+        dialogs: (root.model.salvoStrip as SalvoListModel).dialogs
     }
     Loader {
         active: root.model.showingSalvos
