@@ -103,7 +103,7 @@ void MatrixController::beginFiring(const QList<Route>& changes)
 
 void MatrixController::noteFiring(bool isConfirming)
 {
-    if (!isConfirming)
+    if (!isConfirming || !m_firing)
         return;
     if (m_firing->isDone()) {
         endFiring();

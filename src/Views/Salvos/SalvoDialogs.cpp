@@ -143,8 +143,9 @@ void SalvoDialogs::fire()
     const auto salvo = m_firing;
     if (!salvo || !m_controller || !salvoTexts::canFire(m_controller->diff(*salvo), *m_controller))
         return;
-    setFiring(std::nullopt);
+    // Before the dialog goes, for that is a frame, and the command would wait for it.
     m_controller->fireSalvo(*salvo);
+    setFiring(std::nullopt);
 }
 
 void SalvoDialogs::confirm()
