@@ -134,8 +134,10 @@ QAccessible::State ControlAccessible::state() const
     state.disabled = !canBeUsed();
     state.focusable = control().activeFocusOnTab();
     state.focused = control().hasActiveFocus();
-    state.checkable = control().property("checkable").toBool();
-    state.checked = control().property("checked").toBool();
+    state.checkable = control().property("checkable").toBool() || said("checkable").toBool();
+    state.checked = control().property("checked").toBool() || said("checked").toBool();
+    state.selectable = said("selectable").toBool();
+    state.selected = said("selected").toBool();
     return state;
 }
 

@@ -18,6 +18,16 @@ T.TextField {
     selectByMouse: true
     Accessible.role: Accessible.EditableText
 
+    PlainText {
+        anchors.fill: parent
+        anchors.leftMargin: root.leftPadding
+        anchors.rightMargin: root.rightPadding
+        verticalAlignment: Text.AlignVCenter
+        visible: root.text === "" && root.preeditText === ""
+        text: root.placeholderText
+        font: root.font
+        color: GlassKit.colors.secondary
+    }
     background: Rectangle {
         radius: GlassKit.controlRadius
         color: GlassKit.colors.quaternary

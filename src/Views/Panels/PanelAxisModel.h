@@ -7,7 +7,7 @@
 namespace corvane {
 
 /// One half of the panel editor: the ports of one kind that are in the panel, then those that could be. A
-/// click moves a port to the other section; the row that takes its place is under the pointer then.
+/// click moves a port to the other section.
 ///
 /// What is chosen is ascending and without repetition, and keeps ports that the router hasn't got. Main
 /// thread.

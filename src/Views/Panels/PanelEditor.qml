@@ -62,7 +62,7 @@ GlassSheet {
 
         anchors.top: name.bottom
         x: GlassKit.sideMargin
-        height: visible ? label.implicitHeight + 2 * 8 : 12
+        height: label.visible ? label.implicitHeight + 2 * 8 : 12
         spacing: 6
 
         Symbol {

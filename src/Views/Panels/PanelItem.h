@@ -10,7 +10,6 @@ namespace corvane {
 struct PanelItem {
     Q_GADGET
     QML_VALUE_TYPE(panelItem)
-    Q_PROPERTY(QUuid id MEMBER id FINAL)
     Q_PROPERTY(QString name MEMBER name FINAL)
     Q_PROPERTY(QString size MEMBER size FINAL)
     Q_PROPERTY(bool isActive MEMBER isActive FINAL)

@@ -13,6 +13,8 @@ namespace corvane {
 /// The controller may be replaced, and may go at any time. Main thread.
 class PanelListModel : public KeyedRowListModel<PanelItem> {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("A base")
 
 public:
     /// The row as a whole, a `PanelItem`. The display role is its name.

@@ -11,6 +11,7 @@ GlassMenu {
     Repeater {
         model: root.model.tabs
         delegate: GlassMenuItem {
+            required property int index
             required property panelItem row
 
             text: root.model.tabs.menuText(row)
@@ -18,7 +19,7 @@ GlassMenu {
             Accessible.role: Accessible.RadioButton
             Accessible.checkable: true
             Accessible.checked: row.isActive
-            onTriggered: root.model.tabs.activate(row.id)
+            onTriggered: root.model.tabs.activate(index)
         }
     }
     GlassMenuSeparator {}

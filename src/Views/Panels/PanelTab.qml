@@ -52,7 +52,7 @@ Item {
         Accessible.selectable: true
         Accessible.selected: root.row.isActive
         Accessible.description: root.strip.help(root.row)
-        onClicked: root.strip.press(root.index)
+        onClicked: root.strip.activate(root.index)
         onActiveFocusChanged: if (activeFocus)
             root.shown()
     }

@@ -9,7 +9,14 @@ FocusScope {
 
     required property PanelsModel model
 
+    function centreTab(row) {
+        // It may be new and have no place yet.
+        tabs.forceLayout()
+        scroller.centre(repeater.itemAt(row))
+    }
+
     implicitHeight: GlassKit.controlHeight + 4
+    Component.onCompleted: model.tabWanted.connect(centreTab)
     Accessible.role: Accessible.PageTabList
     Accessible.name: "Panels"
 
@@ -61,15 +68,6 @@ FocusScope {
 
             target: scroller
             property: "contentX"
-        }
-        Connections {
-            target: root.model.tabs
-
-            function onRowWanted(row) {
-                // Its tab may be new and have no place yet.
-                tabs.forceLayout()
-                scroller.centre(repeater.itemAt(row))
-            }
         }
         Row {
             id: tabs

@@ -21,14 +21,15 @@ QString PanelTabStripModel::menuText(const PanelItem& item) const
     return item.isFullRouter() ? u"Full Router"_s : item.name;
 }
 
-void PanelTabStripModel::activate(QUuid id)
+void PanelTabStripModel::activate(int row)
 {
-    if (!controller())
+    const auto* const item = rowAt(row);
+    if (!controller() || !item)
         return;
-    if (id.isNull())
+    if (item->isFullRouter())
         controller()->setActivePanelID(std::nullopt);
-    else if (panel(id))
-        controller()->setActivePanelID(id);
+    else
+        controller()->setActivePanelID(item->id);
 }
 
 int PanelTabStripModel::startRow() const
@@ -43,12 +44,6 @@ QList<MenuAction> PanelTabStripModel::menu(int row)
     if (!item || item->isFullRouter())
         return {};
     return {editing(*item, u"Edit Panel…"_s), duplicating(*item), deleting(*item)};
-}
-
-void PanelTabStripModel::press(int row)
-{
-    if (const auto* const item = rowAt(row))
-        activate(item->id);
 }
 
 QList<PanelItem> PanelTabStripModel::leadingItems() const

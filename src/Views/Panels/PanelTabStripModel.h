@@ -20,7 +20,7 @@ public:
     Q_INVOKABLE [[nodiscard]] QString help(const corvane::PanelItem& item) const;
     /// What a menu calls it, which has no other tabs beside it.
     Q_INVOKABLE [[nodiscard]] QString menuText(const corvane::PanelItem& item) const;
-    Q_INVOKABLE void activate(QUuid id);
+    Q_INVOKABLE void activate(int row);
     /// What a tab's menu offers, for QML, and its choice by the text.
     Q_INVOKABLE [[nodiscard]] QVariantList menuOf(int row) { return toVariants(menu(row)); }
     Q_INVOKABLE void chooseInMenu(int row, const QString& text) { runAction(menu(row), text); }
@@ -29,7 +29,7 @@ public:
 
     [[nodiscard]] int startRow() const override;
     [[nodiscard]] QList<MenuAction> menu(int row) override;
-    void press(int row) override;
+    void press(int row) override { activate(row); }
 
 protected:
     [[nodiscard]] QList<PanelItem> leadingItems() const override;

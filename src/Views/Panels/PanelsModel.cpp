@@ -10,6 +10,7 @@ namespace corvane {
 PanelsModel::PanelsModel(const GlassKit& theme, QObject* parent)
     : ControllerModel(theme, parent), m_editor(theme)
 {
+    connect(&m_tabs, &PanelTabStripModel::rowWanted, this, &PanelsModel::tabWanted);
     for (PanelListModel* list : std::initializer_list<PanelListModel*>{&m_tabs, &m_manager}) {
         connect(list, &PanelListModel::editRequested, &m_editor, &PanelEditorModel::begin);
         connect(list, &PanelListModel::deleteRequested, this, &PanelsModel::askToDelete);

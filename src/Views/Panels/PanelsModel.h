@@ -56,6 +56,10 @@ public:
     Q_INVOKABLE void confirmDelete();
     Q_INVOKABLE void cancelDelete();
 
+signals:
+    /// The tab in this row, from 0, has become the active one and is to be in view.
+    void tabWanted(int row);
+
 protected:
     void refresh() override;
 

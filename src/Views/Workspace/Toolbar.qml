@@ -31,7 +31,8 @@ FittingRow {
         FittingRow.shortWidth: iconWidth
         onClicked: {
             panelMenu.active = true
-            panelMenu.item.popup(panelButton, 0, height + 4)
+            const menu = panelMenu.item as PanelMenuContent
+            menu.popup(panelButton, 0, height + 4)
         }
 
         // Made when first asked for.
@@ -41,6 +42,7 @@ FittingRow {
             active: false
             sourceComponent: PanelMenuContent {
                 model: root.panels
+                onClosed: panelMenu.active = false
             }
         }
     }

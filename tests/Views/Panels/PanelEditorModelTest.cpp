@@ -63,7 +63,7 @@ TEST_F(PanelEditorModelTest, SortsPortsIntoThoseInThePanelAndTheOthers)
     EXPECT_EQ(model.content().missing, u"1 saved port not on this router — kept for when it returns."_s);
 }
 
-TEST_F(PanelEditorModelTest, KeepsThePointerOverTheRowThatTakesTheirPlace)
+TEST_F(PanelEditorModelTest, PutsTheNextRowInThePlaceOfOneThatMoves)
 {
     begin({0, 1, 2});
     const int firstAvailable = 5;

@@ -66,7 +66,7 @@ TEST_F(PanelsModelTest, ListsTheFullRouterAndThePanelsAndWhichIsActive)
     EXPECT_THAT(tabs(), ElementsAre(u"All"_s, u"A*"_s, u"B C"_s));
     EXPECT_THAT(managed(), ElementsAre(u"A*"_s, u"B C"_s));
     EXPECT_EQ(model.manager()->speech(0).description, u"3 in × 1 out, Active"_s);
-    strip.activate(QUuid::createUuid());
+    strip.activate(3);
     EXPECT_EQ(controller->activePanelID(), a.id);
     strip.press(0);
     EXPECT_EQ(controller->activePanelID(), std::nullopt);
