@@ -140,7 +140,7 @@ public:
     }
 
     [[nodiscard]] MatrixController& controller() { return m_store.controller(*m_store.selectedConnection()); }
-    [[nodiscard]] CorvaneViewModel& workspace()
+    [[nodiscard]] WorkspaceModel& workspace()
     {
         return *m_window->rootObject()->property("model").value<ContentViewModel*>()->workspace();
     }

@@ -41,7 +41,7 @@ FocusScope {
             model: root.model.workspaces
 
             CorvaneView {
-                required property CorvaneViewModel modelData
+                required property WorkspaceModel modelData
 
                 anchors.fill: parent
                 focus: true

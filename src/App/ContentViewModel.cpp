@@ -4,7 +4,7 @@ namespace corvane {
 
 using namespace Qt::StringLiterals;
 
-ContentViewModel::ContentViewModel(const CorvaneViewModel::Environment& environment, ConnectionStore& store)
+ContentViewModel::ContentViewModel(const WorkspaceModel::Environment& environment, ConnectionStore& store)
     : m_environment(environment), m_store(store), m_sidebar(store, environment.theme)
 {
     connect(&store, &ConnectionStore::connectionsChanged, this, &ContentViewModel::update);
@@ -57,9 +57,8 @@ void ContentViewModel::replaceWorkspace(MatrixController* controller)
     if (old)
         old->rename()->cancel();
     if (controller) {
-        m_workspace.reset(new CorvaneViewModel(m_environment, *controller));
-        connect(
-            m_workspace.get(), &ControllerModel::contentChanged, this, &ContentViewModel::windowTitleChanged);
+        m_workspace.reset(new WorkspaceModel(m_environment, *controller));
+        connect(m_workspace.get(), &ScreenModel::contentChanged, this, &ContentViewModel::windowTitleChanged);
     }
     emit workspaceChanged();
     emit windowTitleChanged();

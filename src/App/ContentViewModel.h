@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Views/Sidebar/RouterSidebarModel.h"
-#include "Views/Workspace/CorvaneViewModel.h"
+#include "Views/Workspace/WorkspaceModel.h"
 
 #include <QVariantList>
 
@@ -25,12 +25,12 @@ class ContentViewModel : public QObject {
 
 public:
     /// All must outlive the model.
-    ContentViewModel(const CorvaneViewModel::Environment& environment, ConnectionStore& store);
+    ContentViewModel(const WorkspaceModel::Environment& environment, ConnectionStore& store);
     ~ContentViewModel() override;
 
     [[nodiscard]] RouterSidebarModel* sidebar() { return &m_sidebar; }
     /// Null when no router is selected.
-    [[nodiscard]] CorvaneViewModel* workspace() const { return m_workspace.get(); }
+    [[nodiscard]] WorkspaceModel* workspace() const { return m_workspace.get(); }
     [[nodiscard]] QVariantList workspaces() const;
     [[nodiscard]] QString windowTitle() const;
     [[nodiscard]] QString saveProblem() const { return m_store.saveProblem(); }
@@ -48,14 +48,14 @@ private:
     void update();
     void replaceWorkspace(MatrixController* controller);
 
-    CorvaneViewModel::Environment m_environment;
+    WorkspaceModel::Environment m_environment;
     ConnectionStore& m_store;
     RouterSidebarModel m_sidebar;
     /// Screens, too, die on the event loop's next turn.
     struct DeleteLater {
         void operator()(QObject* object) const { object->deleteLater(); }
     };
-    std::unique_ptr<CorvaneViewModel, DeleteLater> m_workspace;
+    std::unique_ptr<WorkspaceModel, DeleteLater> m_workspace;
 };
 
 } // namespace corvane

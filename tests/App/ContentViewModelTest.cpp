@@ -13,7 +13,7 @@ protected:
     void SetUp() override
     {
         StoreTest::SetUp();
-        model = std::make_unique<ContentViewModel>(CorvaneViewModel::Environment{queue, theme, zoom}, *store);
+        model = std::make_unique<ContentViewModel>(WorkspaceModel::Environment{queue, theme, zoom}, *store);
     }
 
     MatrixZoom zoom;

@@ -57,7 +57,7 @@ bool ControlBar::hasContent(const MatrixController& controller, bool compactWidt
 }
 
 ControlBarModel::ControlBarModel(const GlassKit& theme, MatrixZoom& zoom, QObject* parent)
-    : ControllerModel(theme, parent), m_zoom(zoom)
+    : ScreenModel(theme, parent), m_zoom(zoom)
 {
 }
 
@@ -65,7 +65,7 @@ void ControlBarModel::setController(MatrixController* newController)
 {
     if (newController)
         m_primaryLevel = newController->primaryLevel();
-    ControllerModel::setController(newController);
+    ScreenModel::setController(newController);
 }
 
 void ControlBarModel::chooseLevel(int position)

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Theme/MatrixZoom.h"
-#include "Views/Shared/ControllerModel.h"
+#include "Views/Shared/ScreenModel.h"
 
 #include <QtQml/qqmlregistration.h>
 
@@ -64,10 +64,10 @@ public:
     bool operator==(const ControlBarContent&) const = default;
 };
 
-class ControlBarModel : public ControllerModel {
+class ControlBarModel : public ScreenModel {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("Belongs to a CorvaneViewModel")
+    QML_UNCREATABLE("Belongs to a WorkspaceModel")
     Q_PROPERTY(corvane::ControlBarContent content READ content NOTIFY contentChanged FINAL)
     Q_PROPERTY(corvane::MatrixZoom* zoom READ zoom CONSTANT FINAL)
 

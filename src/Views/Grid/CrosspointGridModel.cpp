@@ -36,7 +36,7 @@ bool arePortsAtTheirPlaces(const QList<Port>& before, const QList<Port>& now)
 } // namespace
 
 CrosspointGridModel::CrosspointGridModel(const GlassKit& theme, QObject* parent)
-    : ControllerModel(theme, parent),
+    : ScreenModel(theme, parent),
       m_gap(theme.cellGap),
       m_actions(*this),
       m_sourceWidths(gridFonts::sourceLabel()),
@@ -51,7 +51,7 @@ void CrosspointGridModel::setController(MatrixController* newController)
         return;
     // Nothing that was shown of another controller stays in its place.
     show({}, {});
-    ControllerModel::setController(newController);
+    ScreenModel::setController(newController);
     if (newController)
         observe(*newController);
 }
@@ -63,8 +63,8 @@ void CrosspointGridModel::observe(const MatrixController& observed)
         if (const auto position = rowOf(destination))
             emit rowChanged(*position);
     };
-    connect(&observed, &Controller::stateReplaced, this, &ControllerModel::contentChanged);
-    connect(&observed, &Controller::labelsChanged, this, &ControllerModel::contentChanged);
+    connect(&observed, &Controller::stateReplaced, this, &ScreenModel::contentChanged);
+    connect(&observed, &Controller::labelsChanged, this, &ScreenModel::contentChanged);
     connect(&observed, &Controller::lockChanged, this, row);
     connect(&observed, &Controller::crosspointChanged, this, [this, row](qint64 level, qint64 destination) {
         if (level == m_common.primaryLevel)

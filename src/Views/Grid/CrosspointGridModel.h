@@ -4,7 +4,7 @@
 #include "Views/Grid/GridPlace.h"
 #include "Views/Grid/GridRowView.h"
 #include "Views/Grid/LabelWidths.h"
-#include "Views/Shared/ControllerModel.h"
+#include "Views/Shared/ScreenModel.h"
 
 #include <QtQml/qqmlregistration.h>
 
@@ -17,10 +17,10 @@ namespace corvane {
 /// Holds nothing but what is derived. Rows are made when they are asked for, so that a change costs what is
 /// in view and not what exists. A grid that is hidden is given no controller, and so does nothing. Main
 /// thread.
-class CrosspointGridModel : public ControllerModel {
+class CrosspointGridModel : public ScreenModel {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("Belongs to a CorvaneViewModel")
+    QML_UNCREATABLE("Belongs to a WorkspaceModel")
 
 public:
     /// Up to so many cells each cell is an item of its own, with hover and accessibility; above, the field is
@@ -32,7 +32,7 @@ public:
     /// May be null: the grid is then empty.
     void setController(MatrixController* controller) override;
 
-    using ControllerModel::palette;
+    using ScreenModel::palette;
     /// Between two cells, in points.
     [[nodiscard]] double gap() const { return m_gap; }
 

@@ -9,7 +9,7 @@ namespace corvane {
 class DestinationListModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("Belongs to a CorvaneViewModel")
+    QML_UNCREATABLE("Belongs to a WorkspaceModel")
     Q_PROPERTY(corvane::PaneModel* sources READ sources CONSTANT FINAL)
     Q_PROPERTY(corvane::PaneModel* destinations READ destinations CONSTANT FINAL)
 

@@ -10,7 +10,7 @@ namespace corvane {
 
 using namespace Qt::StringLiterals;
 
-PanelEditorModel::PanelEditorModel(const GlassKit& theme, QObject* parent) : ControllerModel(theme, parent)
+PanelEditorModel::PanelEditorModel(const GlassKit& theme, QObject* parent) : ScreenModel(theme, parent)
 {
     connect(&m_sources, &PanelAxisModel::countsChanged, this, &PanelEditorModel::refreshContent);
     connect(&m_destinations, &PanelAxisModel::countsChanged, this, &PanelEditorModel::refreshContent);

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Views/Panels/PanelAxisModel.h"
-#include "Views/Shared/ControllerModel.h"
+#include "Views/Shared/ScreenModel.h"
 
 namespace corvane {
 
@@ -29,7 +29,7 @@ public:
 /// Edits a copy of a panel; the controller gets it with `commit` and not before.
 ///
 /// What becomes of the router meanwhile changes which ports are listed, never what is chosen.
-class PanelEditorModel : public ControllerModel {
+class PanelEditorModel : public ScreenModel {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Belongs to a PanelsModel")

@@ -7,8 +7,7 @@
 
 namespace corvane {
 
-PanelsModel::PanelsModel(const GlassKit& theme, QObject* parent)
-    : ControllerModel(theme, parent), m_editor(theme)
+PanelsModel::PanelsModel(const GlassKit& theme, QObject* parent) : ScreenModel(theme, parent), m_editor(theme)
 {
     connect(&m_tabs, &PanelTabStripModel::rowWanted, this, &PanelsModel::tabWanted);
     for (PanelListModel* list : std::initializer_list<PanelListModel*>{&m_tabs, &m_manager}) {
@@ -22,7 +21,7 @@ void PanelsModel::setController(MatrixController* controller)
     m_tabs.setController(controller);
     m_manager.setController(controller);
     m_editor.setController(controller);
-    ControllerModel::setController(controller);
+    ScreenModel::setController(controller);
 }
 
 void PanelsModel::addPanel()

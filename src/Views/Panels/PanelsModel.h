@@ -28,10 +28,10 @@ public:
 
 /// All that a router's workspace has to do with panels: tabs, manager, editor, and the question before one is
 /// deleted.
-class PanelsModel : public ControllerModel {
+class PanelsModel : public ScreenModel {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("Belongs to a CorvaneViewModel")
+    QML_UNCREATABLE("Belongs to a WorkspaceModel")
     Q_PROPERTY(corvane::PanelsContent content READ content NOTIFY contentChanged FINAL)
     Q_PROPERTY(corvane::PanelTabStripModel* tabs READ tabs CONSTANT FINAL)
     Q_PROPERTY(corvane::PanelManagerModel* manager READ manager CONSTANT FINAL)

@@ -35,7 +35,7 @@ public:
 class SalvoSheetModel : public SalvoListModel {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("Belongs to a CorvaneViewModel")
+    QML_UNCREATABLE("Belongs to a WorkspaceModel")
     Q_PROPERTY(corvane::SalvoSheetContent content READ content NOTIFY contentChanged FINAL)
     Q_PROPERTY(bool isRenaming READ isRenaming NOTIFY contentChanged FINAL)
     Q_PROPERTY(QString renameDraft READ renameDraft WRITE setRenameDraft NOTIFY contentChanged FINAL)

@@ -26,7 +26,7 @@ public:
 class SalvoStripModel : public SalvoListModel {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("Belongs to a CorvaneViewModel")
+    QML_UNCREATABLE("Belongs to a WorkspaceModel")
     Q_PROPERTY(corvane::SalvoStripContent content READ content NOTIFY contentChanged FINAL)
 
 public:

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Theme/Tints.h"
-#include "Views/Shared/ControllerModel.h"
+#include "Views/Shared/ScreenModel.h"
 
 namespace corvane {
 
@@ -43,14 +43,14 @@ public:
     bool operator==(const ConnectPromptContent&) const = default;
 };
 
-class ConnectPromptModel : public ControllerModel {
+class ConnectPromptModel : public ScreenModel {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("Belongs to a CorvaneViewModel")
+    QML_UNCREATABLE("Belongs to a WorkspaceModel")
     Q_PROPERTY(corvane::ConnectPromptContent content READ content NOTIFY contentChanged FINAL)
 
 public:
-    using ControllerModel::ControllerModel;
+    using ScreenModel::ScreenModel;
 
     [[nodiscard]] const ConnectPromptContent& content() const { return m_content; }
 

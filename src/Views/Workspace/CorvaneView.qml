@@ -8,7 +8,7 @@ import Corvane.Views.Workspace
 FocusScope {
     id: root
 
-    required property CorvaneViewModel model
+    required property WorkspaceModel model
 
     RouterBackdrop {
         anchors.fill: parent

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Theme/Tints.h"
-#include "Views/Shared/ControllerModel.h"
+#include "Views/Shared/ScreenModel.h"
 
 namespace corvane {
 
@@ -27,14 +27,14 @@ public:
     bool operator==(const DeviceHeaderContent&) const = default;
 };
 
-class DeviceHeaderModel : public ControllerModel {
+class DeviceHeaderModel : public ScreenModel {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("Belongs to a CorvaneViewModel")
+    QML_UNCREATABLE("Belongs to a WorkspaceModel")
     Q_PROPERTY(corvane::DeviceHeaderContent content READ content NOTIFY contentChanged FINAL)
 
 public:
-    using ControllerModel::ControllerModel;
+    using ScreenModel::ScreenModel;
 
     [[nodiscard]] const DeviceHeaderContent& content() const { return m_content; }
 

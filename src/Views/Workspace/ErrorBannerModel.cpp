@@ -7,7 +7,7 @@ namespace corvane {
 using namespace std::chrono_literals;
 
 ErrorBannerModel::ErrorBannerModel(SerialQueue& mainQueue, const GlassKit& theme, QObject* parent)
-    : ControllerModel(theme, parent), m_dismissal(mainQueue, 4s, [this] { dismiss(); })
+    : ScreenModel(theme, parent), m_dismissal(mainQueue, 4s, [this] { dismiss(); })
 {
 }
 

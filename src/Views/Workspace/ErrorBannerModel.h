@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Foundation/QuietTimer.h"
-#include "Views/Shared/ControllerModel.h"
+#include "Views/Shared/ScreenModel.h"
 
 #include <QtQml/qqmlregistration.h>
 
@@ -9,10 +9,10 @@ namespace corvane {
 
 /// Shows a connected router's last error for four seconds; a new error is shown for four seconds of its own.
 /// While it is being read it stays, and then has four seconds again.
-class ErrorBannerModel : public ControllerModel {
+class ErrorBannerModel : public ScreenModel {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("Belongs to a CorvaneViewModel")
+    QML_UNCREATABLE("Belongs to a WorkspaceModel")
     Q_PROPERTY(QString message READ message NOTIFY contentChanged FINAL)
 
 public:

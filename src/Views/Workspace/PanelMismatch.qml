@@ -6,7 +6,7 @@ import Corvane.Views.Workspace
 EmptyState {
     id: root
 
-    required property CorvaneViewModel model
+    required property WorkspaceModel model
 
     symbol: "rectangle.on.rectangle.slash"
     title: "Panel Doesn't Match This Router"

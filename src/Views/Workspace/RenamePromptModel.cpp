@@ -24,7 +24,7 @@ void RenamePromptModel::setRenameDraft(const QString& draft)
 
 void RenamePromptModel::setController(MatrixController* newController)
 {
-    ControllerModel::setController(newController);
+    ScreenModel::setController(newController);
     if (newController)
         connect(newController, &MatrixController::renameDraftChanged, this,
             &RenamePromptModel::renameDraftChanged, Qt::UniqueConnection);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Views/Shared/ControllerModel.h"
+#include "Views/Shared/ScreenModel.h"
 
 #include <QtQml/qqmlregistration.h>
 
@@ -27,17 +27,17 @@ public:
     bool operator==(const RoutingModeClusterContent&) const = default;
 };
 
-class RoutingModeClusterModel : public ControllerModel {
+class RoutingModeClusterModel : public ScreenModel {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("Belongs to a CorvaneViewModel")
+    QML_UNCREATABLE("Belongs to a WorkspaceModel")
     Q_PROPERTY(corvane::RoutingModeClusterContent content READ content NOTIFY contentChanged FINAL)
     Q_PROPERTY(QList<QString> takeModeTexts READ takeModeTexts CONSTANT FINAL)
     Q_PROPERTY(QList<QString> takeModeSymbols READ takeModeSymbols CONSTANT FINAL)
     Q_PROPERTY(QList<QString> directionTexts READ directionTexts CONSTANT FINAL)
 
 public:
-    using ControllerModel::ControllerModel;
+    using ScreenModel::ScreenModel;
 
     [[nodiscard]] const RoutingModeClusterContent& content() const { return m_content; }
     [[nodiscard]] static QStringList takeModeTexts();

@@ -6,7 +6,7 @@ import Corvane.Views.Workspace
 Item {
     id: root
 
-    required property CorvaneViewModel model
+    required property WorkspaceModel model
     // However crowded the toolbar is, so much of the name is to be read.
     readonly property real leastTitle: Math.min(title.implicitWidth, 120)
 

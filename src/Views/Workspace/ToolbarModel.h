@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Views/Shared/ControllerModel.h"
+#include "Views/Shared/ScreenModel.h"
 
 #include <QtQml/qqmlregistration.h>
 
@@ -28,15 +28,15 @@ public:
 
 /// The toolbar: which panel is shown, and whether as a grid or as a list. It is only there while the router
 /// is connected.
-class ToolbarModel : public ControllerModel {
+class ToolbarModel : public ScreenModel {
     Q_OBJECT
     QML_ELEMENT
-    QML_UNCREATABLE("Belongs to a CorvaneViewModel")
+    QML_UNCREATABLE("Belongs to a WorkspaceModel")
     Q_PROPERTY(corvane::ToolbarContent content READ content NOTIFY contentChanged FINAL)
     Q_PROPERTY(QList<QString> viewModeTexts READ viewModeTexts CONSTANT FINAL)
 
 public:
-    using ControllerModel::ControllerModel;
+    using ScreenModel::ScreenModel;
 
     [[nodiscard]] const ToolbarContent& content() const { return m_content; }
     [[nodiscard]] static QStringList viewModeTexts();

@@ -11,7 +11,7 @@ import Corvane.Views.Workspace
 FocusScope {
     id: root
 
-    required property CorvaneViewModel model
+    required property WorkspaceModel model
 
     Item {
         id: headerRow

@@ -1,7 +1,7 @@
 #include "QmlTest.h"
 
 #include "Theme/MatrixZoom.h"
-#include "Views/Workspace/CorvaneViewModel.h"
+#include "Views/Workspace/WorkspaceModel.h"
 
 namespace corvane {
 
@@ -19,8 +19,8 @@ protected:
         const SubPanel panel{.name = panelName, .sourceIndices = {0}, .destinationIndices = {0}};
         controller->savePanel(panel);
         controller->setActivePanelID(panel.id);
-        model = std::make_unique<CorvaneViewModel>(
-            CorvaneViewModel::Environment{queue, theme, zoom}, *controller);
+        model =
+            std::make_unique<WorkspaceModel>(WorkspaceModel::Environment{queue, theme, zoom}, *controller);
         load(u"Workspace/TitleBar.qml"_s, {900, 52}, {{u"model"_s, QVariant::fromValue(model.get())}});
     }
 
@@ -28,7 +28,7 @@ protected:
 
     GlassKit theme{nullptr};
     MatrixZoom zoom;
-    std::unique_ptr<CorvaneViewModel> model;
+    std::unique_ptr<WorkspaceModel> model;
 };
 
 TEST_F(TitleBarQmlTest, SwitchesTheViewThroughTheAccessibilityTree)

@@ -11,12 +11,12 @@ namespace corvane {
 /// say when something of it changes that is not a tally.
 ///
 /// A subclass keeps its last content and tells of it only when it really changed. Main thread.
-class ControllerModel : public QObject {
+class ScreenModel : public QObject {
     Q_OBJECT
 
 public:
     /// `theme` must outlive the model. The controller may be replaced, and may go at any time.
-    explicit ControllerModel(const GlassKit& theme, QObject* parent = nullptr);
+    explicit ScreenModel(const GlassKit& theme, QObject* parent = nullptr);
 
     [[nodiscard]] MatrixController* controller() const { return m_controller; }
     virtual void setController(MatrixController* controller);

@@ -16,9 +16,9 @@
 namespace corvane {
 
 /// What the workspace of a router shows as a whole.
-struct CorvaneViewContent {
+struct WorkspaceContent {
     Q_GADGET
-    QML_VALUE_TYPE(corvaneViewContent)
+    QML_VALUE_TYPE(workspaceContent)
     Q_PROPERTY(QString title MEMBER title FINAL)
     Q_PROPERTY(QString subtitle MEMBER subtitle FINAL)
     Q_PROPERTY(QColor color MEMBER color FINAL)
@@ -39,18 +39,18 @@ public:
     /// None of the active panel's sources, or none of its destinations, is there.
     bool showsMismatch = false;
 
-    bool operator==(const CorvaneViewContent&) const = default;
+    bool operator==(const WorkspaceContent&) const = default;
 };
 
 /// The workspace of one router: the working screen while it is connected, the connect prompt otherwise.
 ///
 /// Connects a disconnected router when it is first shown, and again when the router gets another controller.
 /// A router whose connection failed waits for the operator.
-class CorvaneViewModel : public ControllerModel {
+class WorkspaceModel : public ScreenModel {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Belongs to a ContentViewModel")
-    Q_PROPERTY(corvane::CorvaneViewContent content READ content NOTIFY contentChanged FINAL)
+    Q_PROPERTY(corvane::WorkspaceContent content READ content NOTIFY contentChanged FINAL)
     Q_PROPERTY(corvane::MatrixController* controller READ controller NOTIFY controllerChanged FINAL)
     Q_PROPERTY(corvane::MatrixZoom* zoom READ zoom CONSTANT FINAL)
     Q_PROPERTY(corvane::ToolbarModel* toolbar READ toolbar CONSTANT FINAL)
@@ -82,13 +82,13 @@ public:
         MatrixZoom& zoom;
     };
 
-    CorvaneViewModel(const Environment& environment, MatrixController& controller, QObject* parent = nullptr);
+    WorkspaceModel(const Environment& environment, MatrixController& controller, QObject* parent = nullptr);
 
     /// Another controller of the same router.
     void setController(MatrixController* controller) override;
 
     [[nodiscard]] QUuid routerID() const { return m_routerID; }
-    [[nodiscard]] const CorvaneViewContent& content() const { return m_content; }
+    [[nodiscard]] const WorkspaceContent& content() const { return m_content; }
     /// For the window: the title, and the subtitle behind a dash if there is one.
     [[nodiscard]] QString windowTitle() const;
     [[nodiscard]] MatrixZoom* zoom() const { return m_controlBar.zoom(); }
@@ -129,7 +129,7 @@ private:
 
     SerialQueue& m_mainQueue;
     const QUuid m_routerID;
-    CorvaneViewContent m_content;
+    WorkspaceContent m_content;
     ToolbarModel m_toolbar;
     DeviceHeaderModel m_header;
     RoutingModeClusterModel m_modes;

@@ -1,4 +1,4 @@
-#include "Views/Workspace/CorvaneViewModel.h"
+#include "Views/Workspace/WorkspaceModel.h"
 
 #include "Theme/Tints.h"
 
@@ -26,9 +26,8 @@ bool isMismatch(const MatrixController& controller)
 
 } // namespace
 
-CorvaneViewModel::CorvaneViewModel(
-    const Environment& environment, MatrixController& controller, QObject* parent)
-    : ControllerModel(environment.theme, parent),
+WorkspaceModel::WorkspaceModel(const Environment& environment, MatrixController& controller, QObject* parent)
+    : ScreenModel(environment.theme, parent),
       m_mainQueue(environment.mainQueue),
       m_routerID(controller.id()),
       m_toolbar(environment.theme),
@@ -44,33 +43,32 @@ CorvaneViewModel::CorvaneViewModel(
       m_salvoStrip(environment.mainQueue),
       m_salvoSheet(environment.mainQueue)
 {
-    connect(
-        &m_controlBar, &ControllerModel::contentChanged, this, &CorvaneViewModel::controlBarClearanceChanged);
-    CorvaneViewModel::setController(&controller);
+    connect(&m_controlBar, &ScreenModel::contentChanged, this, &WorkspaceModel::controlBarClearanceChanged);
+    WorkspaceModel::setController(&controller);
 }
 
-void CorvaneViewModel::setController(MatrixController* newController)
+void WorkspaceModel::setController(MatrixController* newController)
 {
     if (newController == controller())
         return;
-    for (ControllerModel* part : std::initializer_list<ControllerModel*>{
+    for (ScreenModel* part : std::initializer_list<ScreenModel*>{
              &m_toolbar, &m_header, &m_modes, &m_controlBar, &m_prompt, &m_banner, &m_rename, &m_panels})
         part->setController(newController);
     m_salvoStrip.setController(newController);
-    ControllerModel::setController(newController);
+    ScreenModel::setController(newController);
     wakeWhatIsShown();
     emit controllerChanged();
     connectIfDisconnected();
 }
 
-QString CorvaneViewModel::windowTitle() const
+QString WorkspaceModel::windowTitle() const
 {
     if (m_content.subtitle.isEmpty())
         return m_content.title;
     return u"%1 — %2"_s.arg(m_content.title, m_content.subtitle);
 }
 
-void CorvaneViewModel::setControlBarHeight(double height)
+void WorkspaceModel::setControlBarHeight(double height)
 {
     if (height == m_controlBarHeight)
         return;
@@ -78,24 +76,24 @@ void CorvaneViewModel::setControlBarHeight(double height)
     emit controlBarClearanceChanged();
 }
 
-double CorvaneViewModel::controlBarClearance() const
+double WorkspaceModel::controlBarClearance() const
 {
     return m_controlBar.content().isShown ? m_controlBarHeight + barMargin : 0;
 }
 
-void CorvaneViewModel::showFullRouter()
+void WorkspaceModel::showFullRouter()
 {
     if (controller())
         controller()->setActivePanelID(std::nullopt);
 }
 
-void CorvaneViewModel::showPanel(int number)
+void WorkspaceModel::showPanel(int number)
 {
     if (controller() && number >= 1 && number <= controller()->panels().size())
         controller()->setActivePanelID(controller()->panels().at(number - 1).id);
 }
 
-void CorvaneViewModel::refresh()
+void WorkspaceModel::refresh()
 {
     const auto& connection = controller()->connection();
     const bool mismatches = isMismatch(*controller());
@@ -110,7 +108,7 @@ void CorvaneViewModel::refresh()
     wakeWhatIsShown();
 }
 
-void CorvaneViewModel::wakeWhatIsShown()
+void WorkspaceModel::wakeWhatIsShown()
 {
     const auto shownTo = [this](bool isShown) {
         return isShown && m_content.isConnected ? controller() : nullptr;
@@ -121,7 +119,7 @@ void CorvaneViewModel::wakeWhatIsShown()
     m_salvoSheet.setController(m_showingSalvos ? controller() : nullptr);
 }
 
-void CorvaneViewModel::setShowingSalvos(bool isShowing)
+void WorkspaceModel::setShowingSalvos(bool isShowing)
 {
     if (isShowing == m_showingSalvos)
         return;
@@ -130,7 +128,7 @@ void CorvaneViewModel::setShowingSalvos(bool isShowing)
     emit showingSalvosChanged();
 }
 
-void CorvaneViewModel::connectIfDisconnected()
+void WorkspaceModel::connectIfDisconnected()
 {
     m_mainQueue.async([controller = QPointer(controller())] {
         if (controller && std::holds_alternative<Disconnected>(controller->status()))

@@ -1,4 +1,4 @@
-#include "Views/Shared/ControllerModel.h"
+#include "Views/Shared/ScreenModel.h"
 
 #include <array>
 
@@ -13,12 +13,12 @@ constexpr std::array quietSignals{&MatrixController::changed, &MatrixController:
 
 } // namespace
 
-ControllerModel::ControllerModel(const GlassKit& theme, QObject* parent) : QObject(parent), m_theme(theme)
+ScreenModel::ScreenModel(const GlassKit& theme, QObject* parent) : QObject(parent), m_theme(theme)
 {
-    connect(&theme, &GlassKit::paletteChanged, this, &ControllerModel::refreshIfPossible);
+    connect(&theme, &GlassKit::paletteChanged, this, &ScreenModel::refreshIfPossible);
 }
 
-void ControllerModel::setController(MatrixController* controller)
+void ScreenModel::setController(MatrixController* controller)
 {
     if (controller == m_controller)
         return;
@@ -27,12 +27,12 @@ void ControllerModel::setController(MatrixController* controller)
     m_controller = controller;
     if (controller) {
         for (const auto signal : quietSignals)
-            connect(controller, signal, this, &ControllerModel::refreshIfPossible);
+            connect(controller, signal, this, &ScreenModel::refreshIfPossible);
     }
     refreshIfPossible();
 }
 
-void ControllerModel::refreshIfPossible()
+void ScreenModel::refreshIfPossible()
 {
     if (m_controller)
         refresh();

@@ -1,4 +1,4 @@
-#include "Views/Workspace/CorvaneViewModel.h"
+#include "Views/Workspace/WorkspaceModel.h"
 #include "ViewModelTest.h"
 
 namespace corvane {
@@ -7,22 +7,21 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-class CorvaneViewModelTest : public ControllerTest {
+class WorkspaceModelTest : public ControllerTest {
 protected:
-    CorvaneViewModelTest()
+    WorkspaceModelTest()
     {
         router.name = u"Studio"_s;
         controller = makeController();
     }
 
-    [[nodiscard]] std::unique_ptr<CorvaneViewModel> open()
+    [[nodiscard]] std::unique_ptr<WorkspaceModel> open()
     {
-        return std::make_unique<CorvaneViewModel>(
-            CorvaneViewModel::Environment{queue, theme, zoom}, *controller);
+        return std::make_unique<WorkspaceModel>(WorkspaceModel::Environment{queue, theme, zoom}, *controller);
     }
 
     /// A workspace whose router is connected.
-    [[nodiscard]] std::unique_ptr<CorvaneViewModel> openConnected(const RouterState& state)
+    [[nodiscard]] std::unique_ptr<WorkspaceModel> openConnected(const RouterState& state)
     {
         connectTo(state);
         return open();
@@ -40,7 +39,7 @@ protected:
     MatrixZoom zoom;
 };
 
-TEST_F(CorvaneViewModelTest, TitlesTheWindowWithWhatIsKnown)
+TEST_F(WorkspaceModelTest, TitlesTheWindowWithWhatIsKnown)
 {
     struct Case {
         const char* name;
@@ -68,7 +67,7 @@ TEST_F(CorvaneViewModelTest, TitlesTheWindowWithWhatIsKnown)
     }
 }
 
-TEST_F(CorvaneViewModelTest, ConnectsADisconnectedRouterOnTheNextTurn)
+TEST_F(WorkspaceModelTest, ConnectsADisconnectedRouterOnTheNextTurn)
 {
     const auto workspace = open();
     EXPECT_TRUE(drivers.empty());
@@ -76,7 +75,7 @@ TEST_F(CorvaneViewModelTest, ConnectsADisconnectedRouterOnTheNextTurn)
     EXPECT_EQ(controller->status(), ConnectionStatus(Connecting{}));
 }
 
-TEST_F(CorvaneViewModelTest, LeavesARouterThatFailedOrIsUpAlone)
+TEST_F(WorkspaceModelTest, LeavesARouterThatFailedOrIsUpAlone)
 {
     connectTo(matrix(2, 2));
     const auto workspace = open();
@@ -88,7 +87,7 @@ TEST_F(CorvaneViewModelTest, LeavesARouterThatFailedOrIsUpAlone)
     EXPECT_EQ(drivers.size(), 1U);
 }
 
-TEST_F(CorvaneViewModelTest, ConnectsTheNewControllerOfAnEditedRouter)
+TEST_F(WorkspaceModelTest, ConnectsTheNewControllerOfAnEditedRouter)
 {
     const auto workspace = openConnected(matrix(2, 2));
     const auto old = std::exchange(controller, makeController());
@@ -100,7 +99,7 @@ TEST_F(CorvaneViewModelTest, ConnectsTheNewControllerOfAnEditedRouter)
     EXPECT_EQ(workspace->header()->content().specs, u"3 in × 3 out · Level 0"_s);
 }
 
-TEST_F(CorvaneViewModelTest, SurvivesARouterThatIsRemovedBeforeItConnects)
+TEST_F(WorkspaceModelTest, SurvivesARouterThatIsRemovedBeforeItConnects)
 {
     const auto workspace = open();
     controller.reset();
@@ -109,7 +108,7 @@ TEST_F(CorvaneViewModelTest, SurvivesARouterThatIsRemovedBeforeItConnects)
     EXPECT_EQ(workspace->controller(), nullptr);
 }
 
-TEST_F(CorvaneViewModelTest, ChoosesTheRoutingAreasScreen)
+TEST_F(WorkspaceModelTest, ChoosesTheRoutingAreasScreen)
 {
     struct Case {
         const char* name;
@@ -141,7 +140,7 @@ TEST_F(CorvaneViewModelTest, ChoosesTheRoutingAreasScreen)
     }
 }
 
-TEST_F(CorvaneViewModelTest, AGridThatIsHiddenSleepsAndWakesWithOneRecompute)
+TEST_F(WorkspaceModelTest, AGridThatIsHiddenSleepsAndWakesWithOneRecompute)
 {
     const auto workspace = openConnected(matrix(4, 4));
     const auto& grid = *workspace->grid();
@@ -163,13 +162,13 @@ TEST_F(CorvaneViewModelTest, AGridThatIsHiddenSleepsAndWakesWithOneRecompute)
     EXPECT_TRUE(grid.destinations().isEmpty()) << "the grid isn't shown without a connection";
 }
 
-TEST_F(CorvaneViewModelTest, AnEmptyRouterIsNoMismatch)
+TEST_F(WorkspaceModelTest, AnEmptyRouterIsNoMismatch)
 {
     const auto workspace = openConnected(RouterState{});
     EXPECT_FALSE(workspace->content().showsMismatch);
 }
 
-TEST_F(CorvaneViewModelTest, GivesWayToThePromptWhenTheLinkDrops)
+TEST_F(WorkspaceModelTest, GivesWayToThePromptWhenTheLinkDrops)
 {
     const auto workspace = openConnected(matrix(4, 4));
     EXPECT_TRUE(workspace->content().isConnected);
@@ -178,10 +177,10 @@ TEST_F(CorvaneViewModelTest, GivesWayToThePromptWhenTheLinkDrops)
     EXPECT_EQ(workspace->content().subtitle, u"Connection lost"_s);
 }
 
-TEST_F(CorvaneViewModelTest, KeepsRoomForTheBarAsLongAsThereIsOne)
+TEST_F(WorkspaceModelTest, KeepsRoomForTheBarAsLongAsThereIsOne)
 {
     const auto workspace = openConnected(matrix(4, 4));
-    Tellings tellings(*workspace, &CorvaneViewModel::controlBarClearanceChanged);
+    Tellings tellings(*workspace, &WorkspaceModel::controlBarClearanceChanged);
     workspace->setControlBarHeight(46);
     EXPECT_EQ(workspace->controlBarClearance(), 62);
     EXPECT_EQ(tellings.count(), 1);
@@ -190,7 +189,7 @@ TEST_F(CorvaneViewModelTest, KeepsRoomForTheBarAsLongAsThereIsOne)
     EXPECT_GE(tellings.count(), 1);
 }
 
-TEST_F(CorvaneViewModelTest, NumbersShowPanelsInTheirOrder)
+TEST_F(WorkspaceModelTest, NumbersShowPanelsInTheirOrder)
 {
     const auto workspace = openConnected(matrix(4, 4));
     showPanel({0}, {0});
