@@ -53,7 +53,7 @@ TEST_F(TitleBarQmlTest, HasRoomForItsNameAtAnyWidth)
         QQuickItem* const toolbar = items("Toolbar_").constFirst();
         const QRectF bar = toolbar->mapRectToScene(toolbar->boundingRect());
         EXPECT_LE(bar.right(), width - 16);
-        QQuickItem* const title = items("PlainText").constFirst();
+        QQuickItem* const title = items("SpokenText_").constFirst();
         const QRectF name = title->mapRectToScene(title->boundingRect());
         EXPECT_GE(name.width(), 120);
         EXPECT_LT(name.right(), bar.left());
