@@ -16,7 +16,6 @@
 #include <QThread>
 #include <QTimer>
 
-
 #include <chrono>
 #include <iostream>
 #include <mutex>
