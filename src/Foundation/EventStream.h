@@ -66,6 +66,12 @@ public:
         std::swap(dropped, m_state->onShrunk);
     }
 
+    [[nodiscard]] bool isFinished() const
+    {
+        const std::lock_guard lock(m_state->mutex);
+        return m_state->finished;
+    }
+
     /// False unless so many events wait for the consumer that their producer should pause. `resume` is then
     /// kept, in place of an earlier one, and called once on the consumer's queue when the backlog has halved;
     /// never if the stream is finished before.

@@ -12,7 +12,7 @@ class MatrixControllerRoutingTest : public ControllerTest {
 protected:
     MatrixControllerRoutingTest() { connectTo(matrix(10, 10)); }
 
-    void gang(std::initializer_list<qint64> destinations)
+    void gang(const QList<qint64>& destinations)
     {
         controller->deselectAllInGang();
         for (const auto destination : destinations)
@@ -144,7 +144,7 @@ TEST_F(MatrixControllerRoutingTest, ALockedDestinationIsNamedWhenItIsToBeStagedA
         Staging staging;
         bool isRefused;
     };
-    const auto gangOf = [this](std::initializer_list<qint64> destinations) {
+    const auto gangOf = [this](const QList<qint64>& destinations) {
         return [=, this](auto& c) {
             gang(destinations);
             c.chooseSource(1);

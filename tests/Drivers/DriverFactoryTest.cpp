@@ -37,6 +37,12 @@ TEST(DriverFactory, MakesTheDriverThatSpeaksTheRoutersProtocol)
 /// ThreadSanitizer is to see.
 class LiveDriverTest : public testing::TestWithParam<const Family*> {
 protected:
+    void TearDown() override
+    {
+        factory.reset();
+        mainQueue->end();
+    }
+
     void connect()
     {
         RouterConnection saved;

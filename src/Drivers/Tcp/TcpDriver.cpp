@@ -130,6 +130,9 @@ TcpDriver::~TcpDriver()
 
 QCoro::Task<> TcpDriver::connect()
 {
+    // One that was abandoned before this task had its turn: nothing would ever untie the link again.
+    if (events().isFinished())
+        co_return;
     if (auto target = endpoint()) {
         yield(driverEvent::Status{connectingText(*target)});
         open(*std::move(target));

@@ -207,9 +207,9 @@ TEST_F(TcpDriverTest, TellsABrokenConnectionFromOneThatWasClosed)
 TEST_F(TcpDriverTest, GivesUpAtOnceWhereNoConnectionCanEverBe)
 {
     const auto running = harness(here());
+    outcome(running->driver->connect());
     {
         const NoDescriptorsLeft poverty;
-        outcome(running->driver->connect());
         queue.runReady();
     }
     running->advance(1h);
