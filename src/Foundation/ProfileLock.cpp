@@ -1,5 +1,7 @@
 #include "Foundation/ProfileLock.h"
 
+#include "Foundation/Text.h"
+
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
@@ -108,6 +110,10 @@ QString ProfileLock::meetingPoint() const
 
 void ProfileLock::listen()
 {
+    if (m_descriptor < 0) {
+        text::printLine(u"The folder of what is saved can't be opened; another copy would not be noticed."_s);
+        return;
+    }
     // Whoever listened here before is gone, since the folder is ours.
     QLocalServer::removeServer(meetingPoint());
     m_server.listen(meetingPoint());

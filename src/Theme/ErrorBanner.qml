@@ -102,8 +102,8 @@ Item {
     // What happens on it ends there.
     MouseArea {
         anchors.fill: parent
-        enabled: root.isShown
         acceptedButtons: Qt.AllButtons
+        hoverEnabled: true
         onClicked: event => {
             if (event.button === Qt.LeftButton)
                 root.dismiss()

@@ -19,6 +19,7 @@ struct KumoQuirks {
     /// JSON lacks its last brace.
     bool brokenJson = false;
     /// What parameters claim to be, as JSON, whatever they are.
+    // NOLINTNEXTLINE(readability-redundant-member-init): GCC warns of whoever leaves it out.
     QHash<QString, QByteArray> claims{};
     /// How many of the coming requests fail inside the device, with status 500.
     int failNext = 0;

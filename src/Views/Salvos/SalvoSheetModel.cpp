@@ -46,8 +46,11 @@ void SalvoSheetModel::setController(MatrixController* newController)
 
 QList<SalvoRow> SalvoSheetModel::makeRows()
 {
-    if (m_renaming && !salvo(m_renaming->id))
-        cancelRename();
+    if (m_renaming) {
+        m_renaming = salvo(m_renaming->id);
+        if (!m_renaming)
+            cancelRename();
+    }
     const bool isEmpty = !controller()->activePanel() && controller()->salvos().isEmpty();
     QList<SalvoRow> rows;
     if (!isEmpty && !controller()->isConnected())
