@@ -22,7 +22,8 @@ FittingRow {
         radius: GlassKit.rowRadius
         symbol: root.model.content.panelSymbol
         text: root.model.content.panelText
-        tip: "Switch panel"
+        // Not over its own menu.
+        tip: panelMenu.active ? "" : "Switch panel"
         maximumTextWidth: 140
         opensMenu: true
         iconOnly: FittingRow.isShort
