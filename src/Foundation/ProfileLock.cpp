@@ -52,6 +52,8 @@ ProfileLock::~ProfileLock()
 ProfileLock::Claim ProfileLock::claim(std::chrono::milliseconds patience)
 {
     Q_ASSERT(thread() == QThread::currentThread());
+    // Before there is an event loop or a window. The system's lock can be asked for, but wakes nobody when it
+    // comes free.
     constexpr std::chrono::milliseconds pause(20);
     OwnerSilent silent;
     for (const QDeadlineTimer end(patience); true; QThread::msleep(pause.count())) {

@@ -180,7 +180,7 @@ TEST_F(PanelsTest, TheTabOfThePanelThatIsShownIsInView)
         add(u"Panel number %1"_s.arg(i));
     const auto isInView = [this](const QString& name) {
         const auto rect = tab(name)->rect();
-        return rect.left() >= button(u"Larger cells"_s)->rect().left() - window->width()
+        return rect.left() > find(QAccessible::StaticText, u"PANELS"_s)->rect().right()
             && rect.right() < button(u"New panel"_s)->rect().left();
     };
     EXPECT_FALSE(isInView(u"Panel number 40"_s));
@@ -188,6 +188,7 @@ TEST_F(PanelsTest, TheTabOfThePanelThatIsShownIsInView)
     queue.advance(std::chrono::seconds(2));
     settle();
     EXPECT_TRUE(isInView(u"Panel number 40"_s));
+    EXPECT_FALSE(isInView(u"Panel number 1"_s));
 }
 
 TEST_F(PanelsTest, TheEditorOutlivesTheLinkAndItsPanel)

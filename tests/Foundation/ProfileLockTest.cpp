@@ -131,10 +131,11 @@ TEST_F(ProfileLockTest, HandsTheFolderToWhoeverComesWhileTheOwnerEnds)
     EXPECT_EQ(startBeside(later, m_folder), std::pair(ownerAnswered, 1));
 }
 
-TEST_F(ProfileLockTest, OwnsAFolderThatCantBeLocked)
+TEST_F(ProfileLockTest, OwnsAFolderThatCantBeLockedAndSaysSo)
 {
     writeFile(m_place.path(u"file"_s), "not a folder");
-    EXPECT_EQ(ProfileLock(m_place.path(u"file/Corvane"_s)).claim(0ms), owned);
+    EXPECT_EQ(printedBy([&] { EXPECT_EQ(ProfileLock(m_place.path(u"file/Corvane"_s)).claim(0ms), owned); }),
+        "The folder of what is saved can't be opened; another copy would not be noticed.\n");
 }
 
 } // namespace

@@ -22,28 +22,32 @@ void PanelListModel::setController(MatrixController* newController)
     connect(newController, &MatrixController::changed, this, &PanelListModel::refresh);
     connect(newController, &MatrixController::activePanelChanged, this, &PanelListModel::refresh);
     m_active = newController->activePanelID();
-    refresh();
+    reload();
 }
 
 void PanelListModel::refresh()
 {
-    const auto panels = m_controller->panels();
     const auto active = m_controller->activePanelID();
     const bool isOtherActive = std::exchange(m_active, active) != active;
     // Most changes of a controller are none of its panels. Comparing a list with a copy of itself costs
     // nothing.
-    if (!isOtherActive && rowCount() > 0 && m_panels == panels)
+    if (!isOtherActive && m_panels == m_controller->panels())
         return;
-    m_panels = panels;
+    reload();
+    if (isOtherActive)
+        onActivePanelChanged();
+}
+
+void PanelListModel::reload()
+{
+    m_panels = m_controller->panels();
     auto items = leadingItems();
-    for (const auto& panel : panels)
+    for (const auto& panel : std::as_const(m_panels))
         items.append({.id = panel.id,
             .name = text::oneLine(panel.name),
             .size = panelTexts::size(panel),
-            .isActive = panel.id == active});
+            .isActive = panel.id == m_active});
     setRows(items);
-    if (isOtherActive)
-        onActivePanelChanged();
 }
 
 QVariant PanelListModel::data(const QModelIndex& index, int role) const

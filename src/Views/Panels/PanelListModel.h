@@ -22,6 +22,9 @@ public:
 
     void setController(MatrixController* controller);
 
+    /// As it is stored now; absent also when it is gone.
+    [[nodiscard]] std::optional<SubPanel> panel(const QUuid& id) const;
+
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
     [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
     [[nodiscard]] RowSpeech speech(int row) const override;
@@ -36,8 +39,6 @@ protected:
     [[nodiscard]] MatrixController* controller() const { return m_controller; }
     /// The panel of a row as it is stored now; absent for the full router.
     [[nodiscard]] std::optional<SubPanel> panelAt(int row) const;
-    [[nodiscard]] std::optional<SubPanel> panel(const QUuid& id) const;
-
     MenuAction editing(const PanelItem& item, const QString& text);
     MenuAction duplicating(const PanelItem& item);
     MenuAction deleting(const PanelItem& item);
@@ -49,6 +50,7 @@ protected:
 
 private:
     void refresh();
+    void reload();
 
     QPointer<MatrixController> m_controller;
     QList<SubPanel> m_panels;

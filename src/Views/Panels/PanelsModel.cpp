@@ -2,8 +2,7 @@
 
 #include "Views/Panels/PanelTexts.h"
 
-#include <algorithm>
-#include <utility>
+#include <initializer_list>
 
 namespace corvane {
 
@@ -71,11 +70,7 @@ void PanelsModel::cancelDelete()
 
 std::optional<SubPanel> PanelsModel::deleting() const
 {
-    if (!m_deleting || !controller())
-        return std::nullopt;
-    const auto& panels = controller()->panels();
-    const auto found = std::ranges::find(panels, *m_deleting, &SubPanel::id);
-    return found == panels.cend() ? std::nullopt : std::optional(*found);
+    return m_deleting ? m_tabs.panel(*m_deleting) : std::nullopt;
 }
 
 void PanelsModel::refresh()

@@ -90,6 +90,17 @@ TEST_F(PanelsModelTest, BringsTheTabOfAPanelIntoViewWhenItBecomesActive)
     EXPECT_THAT(wanted, ElementsAre(2, 2));
 }
 
+TEST_F(PanelsModelTest, FollowsAnotherControllerOfTheSameRouter)
+{
+    const auto a = add(u"A"_s);
+    controller->setActivePanelID(a.id);
+    const auto edited = makeController();
+    edited->setActivePanelID(std::nullopt);
+    model.setController(edited.get());
+    EXPECT_THAT(tabs(), ElementsAre(u"All*"_s, u"A"_s));
+    EXPECT_THAT(managed(), ElementsAre(u"A"_s));
+}
+
 TEST_F(PanelsModelTest, OffersWhatCanBeDoneWithATabAndARow)
 {
     add(u"A"_s);
